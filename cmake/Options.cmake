@@ -1,0 +1,24 @@
+# A consumer who adds this folder to a build gets the library alone; developer mode adds the rest.
+set(CMAKE_CXX_STANDARD 17)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
+    set(CMAKE_BUILD_TYPE Release CACHE STRING "Build type" FORCE)
+endif()
+
+option(ZT_ORVEX_DEVELOPER_MODE "Build examples and tests, and treat warnings as errors" OFF)
+option(ZT_ORVEX_BUILD_EXAMPLES "Build the example consumer" ${ZT_ORVEX_DEVELOPER_MODE})
+option(ZT_ORVEX_BUILD_TESTS "Build the tests" ${ZT_ORVEX_DEVELOPER_MODE})
+option(ZT_ORVEX_BUILD_BENCHMARKS "Build the benchmarks" OFF)
+option(ZT_ORVEX_BUILD_FUZZERS "Build the fuzzers" OFF)
+set(ZT_ORVEX_SANITIZE "" CACHE STRING "Sanitizers to build with, such as address,undefined")
+option(ZT_ORVEX_COVERAGE "Instrument for coverage" OFF)
+
+# Programs and libraries lie side by side, so that a program finds the library where it was built.
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
+set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
+include(GNUInstallDirs)

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <zt_orvex/ast/NodeKind.h>
+#include <zt_orvex/support/Fnv1a.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <type_traits>
+
+namespace zt::orvex {
+
+class IAstView;
+
+/// A handle that names one node of a consumer's tree.
+///
+/// Two words, copied freely, owning nothing. Two views are equal when their handles are equal, and
+/// hash by the handle alone: `view` plays no part. Neither word is checked: a null `view`, or a
+/// handle that means nothing to it, is the caller's fault.
+struct NodeView {
+    std::uint64_t node;   ///< Identifies the node to `view`; the library never looks inside.
+    const IAstView* view; ///< Whom to ask; must outlive the handle.
+
+    /// Asks `view` for the node's kind. Defined in IAstView.h, which a caller includes.
+    inline NodeKind getKind() const;
+
+    friend bool operator==(const NodeView& a, const NodeView& b) { return a.node == b.node; }
+    friend bool operator!=(const NodeView& a, const NodeView& b) { return a.node != b.node; }
+};
+
+static_assert(sizeof(NodeView) == 16 && std::is_trivially_copyable_v<NodeView>);
+
+} // namespace zt::orvex
+
+template <>
+struct std::hash<zt::orvex::NodeView> {
+    std::size_t operator()(const zt::orvex::NodeView& node) const noexcept {
+        return zt::orvex::internal::fnv1a(node.node);
+    }
+};

@@ -1,0 +1,13 @@
+#pragma once
+
+/// Marks what the library exports. Everything else is hidden: what is not marked can change, or
+/// go, without notice.
+#if defined(_WIN32)
+#if defined(ZT_ORVEX_BUILDING)
+#define ZT_ORVEX_EXPORT __declspec(dllexport)
+#else
+#define ZT_ORVEX_EXPORT __declspec(dllimport)
+#endif
+#else
+#define ZT_ORVEX_EXPORT __attribute__((visibility("default")))
+#endif
