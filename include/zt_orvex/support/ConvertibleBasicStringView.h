@@ -1,0 +1,101 @@
+#pragma once
+
+#include <boost/utility/string_ref.hpp>
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <type_traits>
+
+/// A view of characters that it doesn't own: a pointer and a length.
+///
+/// The text must outlive the view. Any of the usual kinds of text converts to it, so that a caller
+/// passes what it has; it converts to `std::basic_string_view` alone, for a second target would
+/// make calls of overloaded functions ambiguous. A literal, like every pointer, is taken up to its
+/// first zero; pass a pointer and a length for a text with a zero inside.
+///
+///   void print(ConvertibleBasicStringView<char16_t> text);
+///   print(u"x");  print(std::u16string(u"x"));  print(std::u16string_view(u"x"));
+///   std::u16string_view text = ConvertibleBasicStringView<char16_t>(u"x");
+template <class CharT>
+class ConvertibleBasicStringView {
+    static_assert(std::is_same_v<CharT, char> || std::is_same_v<CharT, char16_t>,
+                  "text is UTF-8 in char or UTF-16 in char16_t");
+
+    /// Text of another type that converts to this one.
+    template <class T>
+    using EnableIfOtherText =
+        std::enable_if_t<std::is_convertible_v<const T&, ConvertibleBasicStringView> &&
+                         !std::is_same_v<T, ConvertibleBasicStringView>>;
+
+public:
+    using value_type = CharT;
+    using size_type = std::size_t;
+    using const_iterator = const CharT*;
+    using iterator = const_iterator;
+
+    constexpr ConvertibleBasicStringView() noexcept = default;
+
+    constexpr ConvertibleBasicStringView(const CharT* text, std::size_t count) noexcept
+        : start(text), length(count) {}
+
+    /// A literal, or any text that a zero ends. `text` must not be null.
+    constexpr ConvertibleBasicStringView(const CharT* text)
+        : start(text), length(std::char_traits<CharT>::length(text)) {}
+
+    template <class Traits, class Allocator>
+    ConvertibleBasicStringView(const std::basic_string<CharT, Traits, Allocator>& text) noexcept
+        : start(text.data()), length(text.size()) {}
+
+    template <class Traits>
+    constexpr ConvertibleBasicStringView(std::basic_string_view<CharT, Traits> text) noexcept
+        : start(text.data()), length(text.size()) {}
+
+    template <class Traits>
+    constexpr ConvertibleBasicStringView(boost::basic_string_ref<CharT, Traits> text) noexcept
+        : start(text.data()), length(text.size()) {}
+
+    constexpr operator std::basic_string_view<CharT>() const noexcept { return {start, length}; }
+
+    constexpr const CharT* data() const noexcept { return start; }
+    constexpr std::size_t size() const noexcept { return length; }
+    constexpr bool empty() const noexcept { return length == 0; }
+    constexpr const_iterator begin() const noexcept { return start; }
+    constexpr const_iterator end() const noexcept { return start + length; }
+
+    /// `index` must be below `size()`.
+    constexpr const CharT& operator[](std::size_t index) const { return start[index]; }
+
+    /// Views are equal when their characters are; either side may be any text that converts.
+    friend constexpr bool operator==(ConvertibleBasicStringView a, ConvertibleBasicStringView b) {
+        return std::basic_string_view<CharT>(a) == std::basic_string_view<CharT>(b);
+    }
+    friend constexpr bool operator!=(ConvertibleBasicStringView a, ConvertibleBasicStringView b) {
+        return !(a == b);
+    }
+
+    // Exact in both arguments, so that the comparisons of std::basic_string_view don't compete.
+    template <class T, class = EnableIfOtherText<T>>
+    friend constexpr bool operator==(ConvertibleBasicStringView a, const T& b) {
+        return a == ConvertibleBasicStringView(b);
+    }
+    template <class T, class = EnableIfOtherText<T>>
+    friend constexpr bool operator==(const T& a, ConvertibleBasicStringView b) {
+        return ConvertibleBasicStringView(a) == b;
+    }
+    template <class T, class = EnableIfOtherText<T>>
+    friend constexpr bool operator!=(ConvertibleBasicStringView a, const T& b) {
+        return !(a == b);
+    }
+    template <class T, class = EnableIfOtherText<T>>
+    friend constexpr bool operator!=(const T& a, ConvertibleBasicStringView b) {
+        return !(a == b);
+    }
+
+private:
+    const CharT* start = nullptr;
+    std::size_t length = 0;
+};
+
+static_assert(std::is_trivially_copyable_v<ConvertibleBasicStringView<char>> &&
+              std::is_trivially_copyable_v<ConvertibleBasicStringView<char16_t>>);
