@@ -1,0 +1,178 @@
+#include <zt_orvex/support/Char16Locale.h>
+
+#include "support/WidenAscii.h"
+
+#include <string>
+
+#if defined(__GLIBCXX__)
+// The standard library declares its facets for every type of character and defines them for `char`
+// and `wchar_t` alone. What a derived class can't supply, because the base class itself needs it,
+// is supplied here as explicit specialisations of members.
+
+// Weak, so that a file which makes a stream without having seen our header, and so brings an object
+// of its own, still links with these into one program: the linker then keeps one of the two.
+#if defined(__ELF__)
+#define ZT_ORVEX_WEAK __attribute__((weak))
+#else
+#define ZT_ORVEX_WEAK
+#endif
+
+template <>
+ZT_ORVEX_WEAK std::locale::id std::ctype<char16_t>::id{};
+template <>
+ZT_ORVEX_WEAK std::locale::id std::numpunct<char16_t>::id{};
+template <>
+ZT_ORVEX_WEAK std::locale::id std::num_put<char16_t>::id{};
+
+namespace {
+
+using Units = std::ctype<char16_t>;
+using Punctuation = std::numpunct<char16_t>;
+
+constexpr char16_t ASCII_END = 0x80;
+
+const std::ctype<char>& asciiFacet() {
+    return std::use_facet<std::ctype<char>>(std::locale::classic());
+}
+
+bool hasMask(std::ctype_base::mask mask, char16_t unit) {
+    return unit < ASCII_END && asciiFacet().is(mask, static_cast<char>(unit));
+}
+
+/// All classes of `unit` at once.
+std::ctype_base::mask classesOf(char16_t unit) {
+    return unit < ASCII_END ? std::ctype<char>::classic_table()[unit] : std::ctype_base::mask();
+}
+
+char16_t toUpper(char16_t unit) {
+    return hasMask(std::ctype_base::lower, unit) ? static_cast<char16_t>(unit - u'a' + u'A') : unit;
+}
+
+char16_t toLower(char16_t unit) {
+    return hasMask(std::ctype_base::upper, unit) ? static_cast<char16_t>(unit - u'A' + u'a') : unit;
+}
+
+char narrowed(char16_t unit, char fallback) {
+    return unit < ASCII_END ? static_cast<char>(unit) : fallback;
+}
+
+} // namespace
+
+template <>
+Units::~ctype() {}
+
+template <>
+bool Units::do_is(mask classes, char16_t unit) const {
+    return hasMask(classes, unit);
+}
+
+template <>
+const char16_t* Units::do_is(const char16_t* first, const char16_t* last, mask* classes) const {
+    for (; first != last; ++first)
+        *classes++ = classesOf(*first);
+    return last;
+}
+
+template <>
+const char16_t* Units::do_scan_is(mask classes, const char16_t* first, const char16_t* last) const {
+    while (first != last && !hasMask(classes, *first))
+        ++first;
+    return first;
+}
+
+template <>
+const char16_t* Units::do_scan_not(mask classes, const char16_t* first,
+                                   const char16_t* last) const {
+    while (first != last && hasMask(classes, *first))
+        ++first;
+    return first;
+}
+
+template <>
+char16_t Units::do_toupper(char16_t unit) const {
+    return toUpper(unit);
+}
+
+template <>
+const char16_t* Units::do_toupper(char16_t* first, const char16_t* last) const {
+    for (; first != last; ++first)
+        *first = toUpper(*first);
+    return last;
+}
+
+template <>
+char16_t Units::do_tolower(char16_t unit) const {
+    return toLower(unit);
+}
+
+template <>
+const char16_t* Units::do_tolower(char16_t* first, const char16_t* last) const {
+    for (; first != last; ++first)
+        *first = toLower(*first);
+    return last;
+}
+
+template <>
+char16_t Units::do_widen(char c) const {
+    return zt::orvex::internal::widenAscii(c);
+}
+
+template <>
+const char* Units::do_widen(const char* first, const char* last, char16_t* units) const {
+    for (; first != last; ++first)
+        *units++ = zt::orvex::internal::widenAscii(*first);
+    return last;
+}
+
+template <>
+char Units::do_narrow(char16_t unit, char fallback) const {
+    return narrowed(unit, fallback);
+}
+
+template <>
+const char16_t* Units::do_narrow(const char16_t* first, const char16_t* last, char fallback,
+                                 char* chars) const {
+    for (; first != last; ++first)
+        *chars++ = narrowed(*first, fallback);
+    return last;
+}
+
+// The base class reads its answers from a table that exists for `char` and `wchar_t` alone, so it
+// stays empty here and the derived class answers.
+template <>
+void Punctuation::_M_initialize_numpunct(__c_locale) {}
+
+template <>
+Punctuation::~numpunct() {
+    delete _M_data;
+}
+#endif
+
+namespace zt::orvex {
+
+namespace {
+
+/// How numbers look in the classic locale.
+class ClassicPunctuation : public std::numpunct<char16_t> {
+protected:
+    char16_t do_decimal_point() const override { return u'.'; }
+    char16_t do_thousands_sep() const override { return u','; }
+    std::string do_grouping() const override { return {}; }
+    std::u16string do_truename() const override { return u"true"; }
+    std::u16string do_falsename() const override { return u"false"; }
+};
+
+std::locale makeChar16Locale() {
+    const std::locale withClasses(std::locale::classic(), new std::ctype<char16_t>());
+    const std::locale withPunctuation(withClasses, new ClassicPunctuation());
+    return std::locale(withPunctuation, new std::num_put<char16_t>());
+}
+
+} // namespace
+
+const std::locale& getChar16Locale() {
+    static const std::locale locale = makeChar16Locale();
+    return locale;
+}
+
+} // namespace zt::orvex
