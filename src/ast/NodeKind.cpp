@@ -1,6 +1,7 @@
 #include <zt_orvex/ast/NodeKind.h>
 
 #include "support/Utf16ToUtf8.h"
+#include "support/WidenedInsertion.h"
 
 #include <map>
 #include <string>
@@ -39,8 +40,8 @@ std::ostream& operator<<(std::ostream& stream, const NodeKind& kind) {
 std::basic_ostream<char16_t>& operator<<(std::basic_ostream<char16_t>& stream,
                                          const NodeKind& kind) {
     const auto name = nodeKindNames.find(kind);
-    if (name != nodeKindNames.end()) return stream << name->second;
-    return stream << decimalText(kind);
+    if (name != nodeKindNames.end()) return internal::insertText(stream, name->second);
+    return internal::insertText(stream, decimalText(kind));
 }
 
 } // namespace zt::orvex
