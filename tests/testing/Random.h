@@ -1,0 +1,76 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <iterator>
+#include <random>
+#include <string>
+
+// Sanitizers slow random tests down by an order of magnitude; such builds do fewer rounds.
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#define ZT_ORVEX_TEST_SANITIZED 1
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer) ||                         \
+    __has_feature(undefined_behavior_sanitizer)
+#define ZT_ORVEX_TEST_SANITIZED 1
+#endif
+#endif
+#if !defined(ZT_ORVEX_TEST_SANITIZED)
+#define ZT_ORVEX_TEST_SANITIZED 0
+#endif
+
+namespace zt::orvex::testing {
+
+/// `full` in an ordinary build, a tenth of it (at least one) under a sanitizer.
+constexpr std::size_t rounds(std::size_t full) {
+    return ZT_ORVEX_TEST_SANITIZED == 0 ? full : full / 10 + 1;
+}
+
+/// The seed of this run: a fixed number, or ZT_ORVEX_TEST_SEED of the environment.
+inline std::uint64_t getSeed() {
+    const char* text = std::getenv("ZT_ORVEX_TEST_SEED");
+    return text != nullptr ? std::strtoull(text, nullptr, 0) : 20240229;
+}
+
+/// Random numbers that are the same on every platform, as the distributions of the standard
+/// library are not.
+///
+/// Print the seed with a failure, so that the run can be had again:
+///
+///   Random random;
+///   SCOPED_TRACE(random.describe());
+///   const std::size_t size = random.below(100);
+class Random {
+public:
+    explicit Random(std::uint64_t seedToUse = getSeed()) : seed(seedToUse), engine(seedToUse) {}
+
+    std::uint64_t next() { return engine(); }
+
+    /// Below `limit`, which must not be 0. The bias is one of 2^64 parts of the limit.
+    std::size_t below(std::size_t limit) { return static_cast<std::size_t>(next() % limit); }
+
+    /// From `first` to `last`, both possible.
+    std::size_t between(std::size_t first, std::size_t last) {
+        return first + below(last - first + 1);
+    }
+
+    /// True once in `n` times.
+    bool oneIn(std::size_t n) { return below(n) == 0; }
+
+    /// One of the elements of a container or an array that is not empty.
+    template <typename Range>
+    decltype(auto) pick(const Range& range) {
+        const auto size = static_cast<std::size_t>(std::size(range));
+        return *std::next(std::begin(range), static_cast<std::ptrdiff_t>(below(size)));
+    }
+
+    /// The line to print with a failure.
+    std::string describe() const { return "ZT_ORVEX_TEST_SEED=" + std::to_string(seed); }
+
+private:
+    std::uint64_t seed;
+    std::mt19937_64 engine;
+};
+
+} // namespace zt::orvex::testing
