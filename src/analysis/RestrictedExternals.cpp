@@ -1,0 +1,13 @@
+#include <zt_orvex/analysis/RestrictedExternals.h>
+
+namespace zt::orvex {
+
+const std::unordered_set<std::u16string>& getRestrictedExternals() {
+    static const std::unordered_set<std::u16string> names = {
+        u"nargin", u"nargout", u"eval",      u"evalc",    u"evalin",    u"assignin",
+        u"feval",  u"builtin", u"load",      u"save",     u"who",       u"whos",
+        u"input",  u"dbstack", u"inputname", u"varargin", u"narginchk", u"nargoutchk"};
+    return names;
+}
+
+} // namespace zt::orvex
