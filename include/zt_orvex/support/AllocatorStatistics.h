@@ -1,0 +1,54 @@
+#pragma once
+
+#include <zt_orvex/support/Export.h>
+
+#include <cstddef>
+#include <cstdint>
+
+namespace zt::orvex {
+
+/// Four counters for an allocator of yours to fill in: what it was asked for, and what it asked the
+/// system for.
+///
+/// The library itself records nothing. The two pairs are independent of each other, and counters
+/// wrap at 64 bits without notice. Not synchronised: a record belongs to one thread at a time, or
+/// to an allocator that guards it.
+///
+///   AllocatorStatistics statistics;
+///   statistics.recordAllocationRequest(24);
+///   statistics.recordSystemMemoryAllocation(4096);
+///   const AllocatorStatistics total = statistics + others;
+class ZT_ORVEX_EXPORT AllocatorStatistics {
+public:
+    /// All counters zero.
+    AllocatorStatistics();
+    AllocatorStatistics(const AllocatorStatistics& other);
+    AllocatorStatistics& operator=(const AllocatorStatistics& other);
+    /// Copies: `other` keeps its values.
+    AllocatorStatistics& operator=(AllocatorStatistics&& other) noexcept;
+
+    bool operator==(const AllocatorStatistics& other) const;
+    bool operator!=(const AllocatorStatistics& other) const;
+
+    /// Each counter the sum of the two.
+    AllocatorStatistics operator+(const AllocatorStatistics& other) const;
+
+    /// Counts one request, also one of no bytes.
+    void recordAllocationRequest(std::size_t bytes);
+    void recordSystemMemoryAllocation(std::size_t bytes);
+
+    std::uint64_t getNumberOfCallsToAllocate() const;
+    std::uint64_t getTotalBytesRequested() const;
+    std::uint64_t getNumberOfSystemMemoryAllocations() const;
+    std::uint64_t getTotalBytesAllocatedFromSystem() const;
+
+private:
+    std::uint64_t numberOfCallsToAllocate = 0;
+    std::uint64_t totalBytesRequested = 0;
+    std::uint64_t numberOfSystemMemoryAllocations = 0;
+    std::uint64_t totalBytesAllocatedFromSystem = 0;
+};
+
+static_assert(sizeof(AllocatorStatistics) == 4 * sizeof(std::uint64_t));
+
+} // namespace zt::orvex
