@@ -1,0 +1,50 @@
+#include <zt_orvex/support/PageSize.h>
+
+#include <gtest/gtest.h>
+
+#include <thread>
+
+#if !defined(_WIN32)
+#include <unistd.h>
+#endif
+
+namespace zt::orvex::internal {
+namespace {
+
+struct Asked {
+    std::size_t pageSize = getPageSize();
+};
+
+#if defined(__ELF__)
+// Asks before the initialisers of the library have run.
+__attribute__((init_priority(101))) const Asked beforeInitialisers;
+#else
+const Asked beforeInitialisers;
+#endif
+
+TEST(PageSize, IsAPowerOfTwo) {
+    const std::size_t pageSize = getPageSize();
+    EXPECT_NE(pageSize, 0U);
+    EXPECT_EQ(pageSize & (pageSize - 1), 0U);
+}
+
+TEST(PageSize, NeverChanges) {
+    EXPECT_EQ(getPageSize(), getPageSize());
+    std::size_t elsewhere = 0;
+    std::thread([&elsewhere] { elsewhere = getPageSize(); }).join();
+    EXPECT_EQ(elsewhere, getPageSize());
+}
+
+TEST(PageSize, IsKnownToInitialisersThatRunFirst) {
+    EXPECT_EQ(beforeInitialisers.pageSize, getPageSize());
+    EXPECT_NE(beforeInitialisers.pageSize, 0U);
+}
+
+#if !defined(_WIN32)
+TEST(PageSize, IsTheUnitInWhichTheSystemHandsOutAddressSpace) {
+    EXPECT_EQ(getPageSize(), static_cast<std::size_t>(sysconf(_SC_PAGESIZE)));
+}
+#endif
+
+} // namespace
+} // namespace zt::orvex::internal
