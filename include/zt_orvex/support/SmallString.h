@@ -1,0 +1,65 @@
+#pragma once
+
+#include <zt_orvex/support/ConvertibleBasicStringView.h>
+#include <zt_orvex/support/Export.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+namespace zt::orvex::internal {
+
+/// The bytes of a `SmallString` as two numbers: the first eight and the last eight, of each the
+/// first one lowest.
+struct SmallStringWords {
+    std::uint64_t low;
+    std::uint64_t high;
+};
+
+/// Up to 16 bytes of text, held inline and compared and hashed as two machine words.
+///
+/// The text is padded on the right with zero bytes, and that is all: there is no length, so a text
+/// equals the same text with zero bytes behind it. Nothing is allocated but by `str`.
+///
+///   const SmallString name("idx");
+///   name == SmallString("idx");  // true
+///   name.str();                  // "idx"
+class ZT_ORVEX_EXPORT SmallString {
+public:
+    /// The longest text that fits, in bytes.
+    static constexpr std::size_t MAX_LENGTH = 16;
+
+    /// `text` must not be longer than `MAX_LENGTH`: nothing checks it.
+    SmallString(ConvertibleBasicStringView<char> text);
+    SmallString(const SmallString& other);
+    SmallString(SmallString&& other) noexcept;
+    SmallString& operator=(const SmallString& other);
+    SmallString& operator=(SmallString&& other) noexcept;
+
+    bool operator==(const SmallString& other) const;
+    bool operator!=(const SmallString& other) const;
+
+    /// The high word times 29, plus the low word.
+    std::size_t hashCode() const;
+
+    /// The bytes up to the first zero byte: a zero inside the text cuts it short.
+    std::string str() const;
+
+private:
+    // What a look-up in the pool goes through stands here: the compiler can't see into the exported
+    // functions, and calling them costs as much as the look-up.
+    friend class StringPool;
+    explicit SmallString(SmallStringWords text) noexcept : words(text) {}
+    bool hasWordsOf(const SmallString& other) const noexcept {
+        return words.low == other.words.low && words.high == other.words.high;
+    }
+    std::size_t hashWords() const noexcept {
+        return static_cast<std::size_t>(words.high * 29 + words.low);
+    }
+
+    SmallStringWords words;
+};
+
+static_assert(sizeof(SmallString) == SmallString::MAX_LENGTH);
+
+} // namespace zt::orvex::internal
