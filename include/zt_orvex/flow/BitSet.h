@@ -1,0 +1,301 @@
+#pragma once
+
+#include <zt_orvex/flow/OrderedSet.h>
+#include <zt_orvex/flow/WordPool.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <stdexcept>
+#include <unordered_set>
+#include <utility>
+
+namespace zt::orvex::flow {
+
+/// A subset of a universe, one bit per element.
+///
+/// Holds a pointer to the universe, which must outlive it. Elements added to the universe later are
+/// absent until added here: a set grows when it is next used, also by operations that are `const`,
+/// so it is not safe to share even for reading. Two sets that meet in an operation must have the
+/// same universe; that is not checked. Whole-set operations cost one pass over the words.
+///
+///     OrderedSet<int> universe({7, 9});
+///     BitSet<int> set(universe);
+///     set.add(9);  // set.getSmallestElement() == 9
+///
+/// Invariants: `bitCount()` never exceeds the universe's size, and bits at or above it are zero.
+/// The counting, comparing and searching operations rely on it.
+template <typename T>
+class BitSet {
+public:
+    /// The empty set.
+    explicit BitSet(const OrderedSet<T>& over) : BitSet(over, nullptr) {}
+
+    /// Grows `other`, and takes the universe's size of now.
+    BitSet(const BitSet& other) : BitSet(other, nullptr) {}
+
+    /// As the copy, with the words in `from`, which must outlive this set.
+    BitSet(const BitSet& other, internal::WordPool& from) : BitSet(other, &from) {}
+
+    /// Leaves `other` an empty set over the same universe.
+    BitSet(BitSet&& other) noexcept
+        : universe(other.universe), bits(std::exchange(other.bits, 0)),
+          words(std::exchange(other.words, nullptr)), pool(other.pool) {}
+
+    BitSet& operator=(const BitSet& other) {
+        if (this != &other) *this = BitSet(other);
+        return *this;
+    }
+
+    BitSet& operator=(BitSet&& other) noexcept {
+        std::swap(universe, other.universe);
+        std::swap(bits, other.bits);
+        std::swap(words, other.words);
+        std::swap(pool, other.pool);
+        return *this;
+    }
+
+    ~BitSet() { release(words); }
+
+    /// Makes `element` a member, after growing the set to its universe.
+    ///
+    /// Cost: one hash look-up; linear in words when growth must reallocate. Throws
+    /// std::invalid_argument("element not found") if the universe lacks `element`; members don't
+    /// change, though the set may have grown.
+    void add(const T& element) {
+        growToUniverse();
+        addIndex(universe->indexOf(element));
+    }
+
+    /// Makes `element` no member. Costs and throws as `add` does.
+    void remove(const T& element) {
+        growToUniverse();
+        removeIndex(universe->indexOf(element));
+    }
+
+    /// Whether `element` is a member. Costs and throws as `add` does.
+    bool contains(const T& element) const {
+        growToUniverse();
+        return containsIndex(universe->indexOf(element));
+    }
+
+    // The same by index, with neither growth nor hash look-up nor check: for callers who keep the
+    // index and know that it is below `bitCount()`.
+    void addIndex(std::uint64_t index) { words[index / 64] |= bitOf(index); }
+    void removeIndex(std::uint64_t index) { words[index / 64] &= ~bitOf(index); }
+    bool containsIndex(std::uint64_t index) const {
+        return (words[index / 64] & bitOf(index)) != 0;
+    }
+
+    void clear() {
+        growToUniverse();
+        std::fill_n(words, wordCount(), 0);
+    }
+
+    /// Makes every element of the universe a member.
+    void addAll() {
+        growToUniverse();
+        std::fill_n(words, wordCount(), ALL_ONES);
+        const std::uint64_t used = bits % 64;
+        if (used != 0) words[wordCount() - 1] ^= ALL_ONES << used;
+    }
+
+    bool isEmpty() const {
+        growToUniverse();
+        return firstUsedWord() == wordCount();
+    }
+
+    /// The member of lowest index, by reference into the universe. Grows the set. Throws
+    /// std::invalid_argument("BitSet is empty; cannot getSmallestElement").
+    const T& getSmallestElement() const {
+        growToUniverse();
+        const std::uint64_t word = firstUsedWord();
+        if (word == wordCount()) {
+            throw std::invalid_argument("BitSet is empty; cannot getSmallestElement");
+        }
+        return getSmallestElementStartingFromIndex(word * 64);
+    }
+
+    /// The member of lowest index at or behind `index`, by reference into the universe. Does not
+    /// grow the set. Throws std::logic_error("getSmallestElementStartingFromIndex failed").
+    const T& getSmallestElementStartingFromIndex(std::uint64_t index) const {
+        const std::uint64_t found = findFrom(index);
+        if (found == bits) throw std::logic_error("getSmallestElementStartingFromIndex failed");
+        return universe->elementAt(found);
+    }
+
+    /// The lowest index of a member at or behind `index`, or `bitCount()` when there is none.
+    /// Neither grows nor throws.
+    std::uint64_t findFrom(std::uint64_t index) const {
+        if (index >= bits) return bits;
+        const std::uint64_t* word = words + index / 64;
+        const std::uint64_t* const end = words + wordCount();
+        std::uint64_t rest = *word & (ALL_ONES << (index % 64));
+        while (rest == 0) {
+            if (++word == end) return bits;
+            rest = *word;
+        }
+        return static_cast<std::uint64_t>(word - words) * 64 + lowestBit(rest);
+    }
+
+    /// Calls `visit(index)` for each member, ascending. The set must not change meanwhile.
+    template <typename Visitor>
+    void forEachIndex(Visitor visit) const {
+        growToUniverse();
+        for (std::uint64_t i = 0; i < wordCount(); ++i) {
+            for (std::uint64_t rest = words[i]; rest != 0; rest &= rest - 1) {
+                visit(i * 64 + lowestBit(rest));
+            }
+        }
+    }
+
+    /// Grows both sets.
+    friend bool operator==(const BitSet& a, const BitSet& b) {
+        a.growToUniverse();
+        b.growToUniverse();
+        return a.wordCount() == 0 ||
+               std::memcmp(a.words, b.words, a.wordCount() * sizeof(std::uint64_t)) == 0;
+    }
+    friend bool operator!=(const BitSet& a, const BitSet& b) { return !(a == b); }
+
+    /// Grows this set only: what lies beyond a stale `other` counts as absent from it.
+    bool isSubsetOf(const BitSet& other) const {
+        growToUniverse();
+        const std::uint64_t shared = std::min(wordCount(), other.wordCount());
+        // A block at a time: the inner loop has no exit, so that the compiler can vectorise it.
+        std::uint64_t i = 0;
+        for (; i + BLOCK <= shared; i += BLOCK) {
+            std::uint64_t missing = 0;
+            for (std::uint64_t j = i; j < i + BLOCK; ++j)
+                missing |= words[j] & ~other.words[j];
+            if (missing != 0) return false;
+        }
+        std::uint64_t missing = 0;
+        for (; i < shared; ++i)
+            missing |= words[i] & ~other.words[i];
+        for (; i < wordCount(); ++i)
+            missing |= words[i];
+        return missing == 0;
+    }
+
+    /// Grows both sets, as the next two do.
+    void unionWith(const BitSet& other) {
+        combineWith(other, [](std::uint64_t a, std::uint64_t b) { return a | b; });
+    }
+    void intersectWith(const BitSet& other) {
+        combineWith(other, [](std::uint64_t a, std::uint64_t b) { return a & b; });
+    }
+    void subtract(const BitSet& other) {
+        combineWith(other, [](std::uint64_t a, std::uint64_t b) { return a & ~b; });
+    }
+
+    /// Takes the value and the `bitCount()` of `source`, and grows neither. Keeps its words unless
+    /// they are too few.
+    void assign(const BitSet& source) {
+        if (source.wordCount() > wordCount()) replaceWords(allocate(source.wordCount()));
+        bits = source.bits;
+        std::copy_n(source.words, wordCount(), words);
+    }
+
+    /// Copies of the members, inserted in ascending index order.
+    std::unordered_set<T> toElementSet() const {
+        std::unordered_set<T> members;
+        forEachIndex([&](std::uint64_t index) { members.insert(universe->elementAt(index)); });
+        return members;
+    }
+
+    /// Copies of the elements of the universe that are no members, in ascending index order.
+    std::unordered_set<T> toComplementElementSet() const {
+        growToUniverse();
+        std::unordered_set<T> others;
+        for (std::uint64_t index = 0; index < bits; ++index) {
+            if (!containsIndex(index)) others.insert(universe->elementAt(index));
+        }
+        return others;
+    }
+
+    /// Brings the set to the universe's size; new elements are no members. Allocates only when the
+    /// universe has passed a word boundary. Every operation that needs it does it by itself.
+    void growToUniverse() const {
+        if (universe->size() > bits) growTo(universe->size());
+    }
+
+    /// How many bits are valid: the universe's size when the set was last used.
+    std::uint64_t bitCount() const { return bits; }
+
+private:
+    static constexpr std::uint64_t ALL_ONES = ~std::uint64_t{0};
+    static constexpr std::uint64_t BLOCK = 64;
+
+    static std::uint64_t bitOf(std::uint64_t index) { return std::uint64_t{1} << (index % 64); }
+    static std::uint64_t wordsFor(std::uint64_t count) { return (count + 63) / 64; }
+    static std::uint64_t lowestBit(std::uint64_t word) {
+        return static_cast<std::uint64_t>(__builtin_ctzll(word));
+    }
+
+    BitSet(const OrderedSet<T>& over, internal::WordPool* from)
+        : universe(&over), bits(over.size()), pool(from) {
+        words = allocate(wordCount());
+        std::fill_n(words, wordCount(), 0);
+    }
+
+    BitSet(const BitSet& other, internal::WordPool* from) : universe(other.universe), pool(from) {
+        other.growToUniverse();
+        bits = other.bits;
+        words = allocate(wordCount());
+        std::copy_n(other.words, wordCount(), words);
+    }
+
+    std::uint64_t wordCount() const { return wordsFor(bits); }
+
+    /// The number of the first word with a member, or `wordCount()`.
+    std::uint64_t firstUsedWord() const {
+        std::uint64_t word = 0;
+        while (word != wordCount() && words[word] == 0)
+            ++word;
+        return word;
+    }
+
+    void growTo(std::uint64_t count) const {
+        const std::uint64_t oldWords = wordCount();
+        const std::uint64_t newWords = wordsFor(count);
+        if (newWords > oldWords) {
+            std::uint64_t* const grown = allocate(newWords);
+            std::copy_n(words, oldWords, grown);
+            std::fill_n(grown + oldWords, newWords - oldWords, 0);
+            replaceWords(grown);
+        }
+        bits = count;
+    }
+
+    template <typename Operation>
+    void combineWith(const BitSet& other, Operation operation) {
+        growToUniverse();
+        other.growToUniverse();
+        std::uint64_t* const target = words;
+        const std::uint64_t* const operand = other.words;
+        const std::uint64_t count = wordCount();
+        for (std::uint64_t i = 0; i < count; ++i)
+            target[i] = operation(target[i], operand[i]);
+    }
+
+    std::uint64_t* allocate(std::uint64_t count) const {
+        if (count == 0) return nullptr;
+        return pool != nullptr ? pool->allocate(count) : new std::uint64_t[count];
+    }
+    void release(std::uint64_t* array) const {
+        if (pool == nullptr) delete[] array;
+    }
+    void replaceWords(std::uint64_t* array) const {
+        release(words);
+        words = array;
+    }
+
+    // Growth is no change of value, so it also happens under const.
+    const OrderedSet<T>* universe;
+    mutable std::uint64_t bits;
+    mutable std::uint64_t* words;
+    internal::WordPool* pool; // null: this set owns its words
+};
+
+} // namespace zt::orvex::flow

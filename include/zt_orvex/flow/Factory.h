@@ -1,0 +1,55 @@
+#pragma once
+
+#include <zt_orvex/flow/Equation.h>
+#include <zt_orvex/flow/Terms.h>
+#include <zt_orvex/flow/WordPool.h>
+
+#include <boost/pool/object_pool.hpp>
+
+#include <string>
+
+namespace zt::orvex::flow::internal {
+
+/// Makes and owns all terms and equations of a system, in one pool for each type.
+///
+/// Nothing is freed singly: all goes when the factory goes, equations first and variables last. A
+/// creating operation gives a null pointer if its pool can't get a block. Belongs to one thread at
+/// a time.
+template <typename V>
+class Factory {
+public:
+    Factory() = default;
+    Factory(const Factory&) = delete;
+    Factory& operator=(const Factory&) = delete;
+
+    /// Both halves are copies of `initial`.
+    Variable<V>* createVariable(const std::string& name, const V& initial) {
+        return variables.construct(name, initial, words);
+    }
+    Constant<V>* createConstant(const std::string& name, const V& value) {
+        return constants.construct(name, value, words);
+    }
+    Join<V>* createJoin(Variable<V>* operand) { return joins.construct(operand); }
+    Meet<V>* createMeet(Variable<V>* operand) { return meets.construct(operand); }
+    Minus<V>* createMinus(Variable<V>* operand) { return minuses.construct(operand); }
+
+    /// Copies the sequence of pointers.
+    Equation<V>* createEquation(Variable<V>* variable, Term<V>* const* begin, Term<V>* const* end) {
+        return equations.construct(variable, begin, end);
+    }
+
+private:
+    // Objects in a pool's first block; blocks double as it grows, with no upper limit.
+    static constexpr int FIRST_BLOCK = 32;
+    static constexpr int NO_LIMIT = 0;
+
+    WordPool words; // outlives the values in the pools below
+    boost::object_pool<Variable<V>> variables{FIRST_BLOCK, NO_LIMIT};
+    boost::object_pool<Constant<V>> constants{FIRST_BLOCK, NO_LIMIT};
+    boost::object_pool<Join<V>> joins{FIRST_BLOCK, NO_LIMIT};
+    boost::object_pool<Meet<V>> meets{FIRST_BLOCK, NO_LIMIT};
+    boost::object_pool<Minus<V>> minuses{FIRST_BLOCK, NO_LIMIT};
+    boost::object_pool<Equation<V>> equations{FIRST_BLOCK, NO_LIMIT};
+};
+
+} // namespace zt::orvex::flow::internal

@@ -1,0 +1,37 @@
+#pragma once
+
+namespace zt::orvex::flow {
+
+/// The algebra of an equation system's values. The solver and the terms touch a value only through
+/// it.
+///
+/// The operations work in place on values that the caller owns; only `bottom` makes one. There is
+/// no top: a solution is reached from the bottom. Applied to a value and itself, `assign`,
+/// `joinInto` and `meetInto` must leave it as it is.
+template <typename V>
+class Lattice {
+public:
+    using Value = V;
+
+    virtual ~Lattice() = default;
+
+    /// Whether a is below or equal to b in the lattice's order.
+    virtual bool isLessOrEqual(const V& a, const V& b) const = 0;
+    /// A new value, the least element.
+    virtual V bottom() const = 0;
+    virtual void setToBottom(V& value) const = 0;
+    virtual void assign(V& target, const V& source) const = 0;
+    /// target becomes the least upper bound of both.
+    virtual void joinInto(V& target, const V& other) const = 0;
+    /// target becomes the greatest lower bound of both.
+    virtual void meetInto(V& target, const V& other) const = 0;
+    /// target loses what other has.
+    virtual void minusInto(V& target, const V& other) const = 0;
+
+protected:
+    Lattice() = default;
+    Lattice(const Lattice&) = default;
+    Lattice& operator=(const Lattice&) = default;
+};
+
+} // namespace zt::orvex::flow

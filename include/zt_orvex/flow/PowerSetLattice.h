@@ -1,0 +1,45 @@
+#pragma once
+
+#include <zt_orvex/flow/BitSet.h>
+#include <zt_orvex/flow/Lattice.h>
+
+namespace zt::orvex::flow {
+
+/// The subsets of a universe, ordered by inclusion:
+///
+///         {a, b}        join  is union
+///        /      \       meet  is intersection
+///      {a}      {b}     minus is difference
+///        \      /
+///           {}          bottom is the empty set
+///
+/// Holds a pointer to the universe, which must outlive it and its values.
+template <typename T>
+class PowerSetLattice final : public Lattice<BitSet<T>> {
+public:
+    explicit PowerSetLattice(const OrderedSet<T>& over) : universe(&over) {}
+
+    bool isLessOrEqual(const BitSet<T>& a, const BitSet<T>& b) const override {
+        return a.isSubsetOf(b);
+    }
+    BitSet<T> bottom() const override { return BitSet<T>(*universe); }
+    void setToBottom(BitSet<T>& value) const override { value.clear(); }
+    /// Deliberate: unlike the other operations it grows neither value, and takes the source's size.
+    void assign(BitSet<T>& target, const BitSet<T>& source) const override {
+        target.assign(source);
+    }
+    void joinInto(BitSet<T>& target, const BitSet<T>& other) const override {
+        target.unionWith(other);
+    }
+    void meetInto(BitSet<T>& target, const BitSet<T>& other) const override {
+        target.intersectWith(other);
+    }
+    void minusInto(BitSet<T>& target, const BitSet<T>& other) const override {
+        target.subtract(other);
+    }
+
+private:
+    const OrderedSet<T>* universe;
+};
+
+} // namespace zt::orvex::flow

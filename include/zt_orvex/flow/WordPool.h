@@ -1,0 +1,47 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace zt::orvex::flow::internal {
+
+/// Hands out arrays of 64-bit words from large blocks, and frees them all at once.
+///
+/// An array is never given back singly. The pool must outlive every user of its words.
+class WordPool {
+public:
+    WordPool() = default;
+    WordPool(const WordPool&) = delete;
+    WordPool& operator=(const WordPool&) = delete;
+
+    /// An array of `count` words of any content. Cost: a subtraction, or a new block.
+    std::uint64_t* allocate(std::size_t count) {
+        if (count > left) startBlock(count);
+        std::uint64_t* const words = next;
+        next += count;
+        left -= count;
+        return words;
+    }
+
+private:
+    void startBlock(std::size_t count) {
+        const std::size_t size = std::max(count, blockSize);
+        blocks.emplace_back(new std::uint64_t[size]);
+        next = blocks.back().get();
+        left = size;
+        blockSize = std::min(2 * blockSize, LARGEST_BLOCK);
+    }
+
+    static constexpr std::size_t FIRST_BLOCK = 256;
+    static constexpr std::size_t LARGEST_BLOCK = 8192; // 64 KiB: little is lost in the last block
+
+    std::vector<std::unique_ptr<std::uint64_t[]>> blocks;
+    std::uint64_t* next = nullptr;
+    std::size_t left = 0;
+    std::size_t blockSize = FIRST_BLOCK;
+};
+
+} // namespace zt::orvex::flow::internal
