@@ -1,0 +1,23 @@
+#include "ast/ForEachForStatementIn.h"
+
+#include "ast/TreeWalker.h"
+
+namespace zt::orvex::internal {
+
+namespace {
+
+struct ForStatementHook {
+    const std::function<void(ForStatementView)>& callback;
+
+    void operator()(const ForStatementView& statement) const { callback(statement); }
+    void operator()(const NodeView&) const {}
+};
+
+} // namespace
+
+void forEachForStatementIn(const NodeView& root,
+                           const std::function<void(ForStatementView)>& callback) {
+    TreeWalker(ForStatementHook{callback}).walk(root);
+}
+
+} // namespace zt::orvex::internal
