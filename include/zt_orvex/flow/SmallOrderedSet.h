@@ -13,7 +13,7 @@ namespace zt::orvex::flow {
 /// A set of values that are cheap to copy, iterated in order of first insertion, whatever their
 /// addresses.
 ///
-/// Up to eight elements are kept in place and searched one by one, without allocation; a larger set
+/// Up to four elements are kept in place and searched one by one, without allocation; a larger set
 /// adds a hash index.
 template <typename T>
 class SmallOrderedSet {
@@ -52,7 +52,7 @@ public:
     auto end() const { return elements.end(); }
 
 private:
-    static constexpr std::size_t IN_PLACE = 8;
+    static constexpr std::size_t IN_PLACE = 4;
 
     boost::container::small_vector<T, IN_PLACE> elements;
     boost::unordered_flat_set<T, ElementHash<T>> index; // used only beyond IN_PLACE elements
