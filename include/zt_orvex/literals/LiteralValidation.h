@@ -1,0 +1,50 @@
+#pragma once
+
+#include <zt_orvex/support/Export.h>
+
+#include <string_view>
+
+namespace zt::orvex::internal {
+
+enum class LiteralValidationResult {
+    Valid,
+    Malformed,    ///< The text as a whole is no literal of this kind.
+    TooManyDigits ///< A literal with more digits than the width of its suffix allows.
+};
+
+// Whether a text is a numeric literal of Ostrel source text.
+//
+//   binary        0b1011u8    0[bB][01]+([uUsS](8|16|32|64))?
+//   hexadecimal   0xFFs16     0[xX][0-9A-Fa-f]+([uUsS](8|16|32|64))?
+//   double        1.5d+3      digits with an optional point, or a point and digits; then, if you
+//                             like, one of d D e E, an optional sign and digits
+//
+// The whole text must match; there are no leading signs and no blanks. An integer may have as many
+// digits as fit the width of its suffix (8, 16, 32 or 64 bits; 64 without a suffix), signed or not:
+// 0xFFs8 is valid. Digits are counted and not weighed, so leading zeros count, too. A double of any
+// size is valid.
+//
+// No text makes these functions throw: not a bad one, nor one with zeros inside, nor a long one
+// (tried with 200 million characters). They take time in proportion to the text and give the same
+// answer for 8-bit and 16-bit text. 16-bit text is the fast one, at nanoseconds for a literal; an
+// 8-bit text runs through a general regular expression and takes hundreds.
+//
+// Any thread may call them. The first call of each function on a thread compiles its expression
+// (some microseconds); only this can throw, for want of memory, and the next call tries again.
+//
+//   if (validateHexLiteral(text) == LiteralValidationResult::Valid)
+//       value = parseHexLiteral(text);
+
+ZT_ORVEX_EXPORT LiteralValidationResult validateBinaryLiteral(std::basic_string_view<char> text);
+ZT_ORVEX_EXPORT LiteralValidationResult
+validateBinaryLiteral(std::basic_string_view<char16_t> text);
+
+ZT_ORVEX_EXPORT LiteralValidationResult validateHexLiteral(std::basic_string_view<char> text);
+ZT_ORVEX_EXPORT LiteralValidationResult validateHexLiteral(std::basic_string_view<char16_t> text);
+
+/// `Valid` or `Malformed`.
+ZT_ORVEX_EXPORT LiteralValidationResult validateDoubleLiteral(std::basic_string_view<char> text);
+ZT_ORVEX_EXPORT LiteralValidationResult
+validateDoubleLiteral(std::basic_string_view<char16_t> text);
+
+} // namespace zt::orvex::internal

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "literals/LiteralGrammar.h"
+
+#include <cstddef>
+#include <limits>
+#include <string_view>
+#include <type_traits>
+
+namespace zt::orvex::internal {
+
+/// Throws NumberConversionError for `digits`. Kept out of the loops that need it.
+[[noreturn]] void throwConversionError(std::string_view digits);
+[[noreturn]] void throwConversionError(std::u16string_view digits);
+
+/// The value of a digit, at least NO_DIGIT for a character that is none.
+template <class Radix, class CharT>
+constexpr unsigned digitValue(CharT c) {
+    const auto code = static_cast<std::make_unsigned_t<CharT>>(c);
+    if constexpr (sizeof(CharT) > 1) {
+        if (code >= Radix::DIGIT_VALUES.size()) return NO_DIGIT;
+    }
+    return Radix::DIGIT_VALUES[code];
+}
+
+/// The bits that `digits` spell in a `Target`; no digits spell 0.
+///
+/// Throws NumberConversionError when a bit that is set would be shifted out, and for a character
+/// that is no digit. Leading zeros are free.
+template <class Target, class Radix, class CharT>
+Target convertDigits(std::basic_string_view<CharT> digits) {
+    using Bits = std::make_unsigned_t<Target>;
+    constexpr std::size_t SHIFT = Radix::BITS_PER_DIGIT;
+    constexpr std::size_t TOP_DIGIT = std::numeric_limits<Bits>::digits - SHIFT;
+    Bits bits = 0;
+    for (const CharT c : digits) {
+        const unsigned digit = digitValue<Radix>(c);
+        if ((bits >> TOP_DIGIT) != 0 || digit == NO_DIGIT) throwConversionError(digits);
+        bits = static_cast<Bits>(static_cast<Bits>(bits << SHIFT) | static_cast<Bits>(digit));
+    }
+    return static_cast<Target>(bits);
+}
+
+} // namespace zt::orvex::internal

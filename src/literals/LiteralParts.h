@@ -1,0 +1,48 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <string_view>
+
+namespace zt::orvex::internal {
+
+/// The parts of an integer literal, as views into the caller's text.
+template <class CharT>
+struct LiteralParts {
+    std::basic_string_view<CharT> literal;
+    std::basic_string_view<CharT> prefix; ///< The two characters of the radix.
+    std::basic_string_view<CharT> digits;
+    std::basic_string_view<CharT> suffix; ///< The type, or empty.
+};
+
+template <class CharT>
+constexpr bool isSuffixLetter(CharT c) {
+    return c == CharT{'S'} || c == CharT{'s'} || c == CharT{'U'} || c == CharT{'u'};
+}
+
+/// Splits any text; for a literal that matches its pattern the parts are what their names say.
+///
+/// Deliberate: the length of the text and two characters near its end decide, and the prefix is
+/// not looked at. In a text of 3 or 4 characters the suffix may overlap prefix and digits; the
+/// length of the digits then wraps round, and the smaller of two lengths is taken.
+template <class CharT>
+constexpr LiteralParts<CharT> splitLiteral(std::basic_string_view<CharT> text) {
+    constexpr std::size_t PREFIX = 2;
+    const std::size_t size = text.size();
+    LiteralParts<CharT> parts;
+    parts.literal = text;
+    parts.prefix = text.substr(0, PREFIX);
+    if (size <= PREFIX) return parts;
+
+    std::size_t suffix = 0;
+    if (isSuffixLetter(text[size - 3])) {
+        suffix = 3;
+    } else if (isSuffixLetter(text[size - 2])) {
+        suffix = 2;
+    }
+    parts.suffix = text.substr(size - suffix);
+    parts.digits = text.substr(PREFIX, std::min(size - PREFIX, size - PREFIX - suffix));
+    return parts;
+}
+
+} // namespace zt::orvex::internal

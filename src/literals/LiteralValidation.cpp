@@ -1,0 +1,68 @@
+#include <zt_orvex/literals/LiteralValidation.h>
+
+#include "literals/LiteralGrammar.h"
+#include "literals/LiteralParts.h"
+#include "literals/LiteralPattern.h"
+
+#include <cstddef>
+
+namespace zt::orvex::internal {
+
+namespace {
+
+/// The width that a suffix of a well-formed literal names, in bits; 64 without a suffix.
+template <class CharT>
+std::size_t widthOf(std::basic_string_view<CharT> suffix) {
+    if (suffix.size() == 2) return 8;
+    if (!suffix.empty() && suffix[1] == CharT{'1'}) return 16;
+    if (!suffix.empty() && suffix[1] == CharT{'3'}) return 32;
+    return 64;
+}
+
+// The patterns are function-local, so that each function has its own on every thread, built when
+// the thread first calls it; should that fail, the next call tries again.
+
+template <class Radix, class CharT>
+LiteralValidationResult validateInteger(std::basic_string_view<CharT> text) {
+    thread_local const LiteralPattern pattern(Radix::PATTERN, Radix::PATTERN);
+    if (!pattern.matches(text)) return LiteralValidationResult::Malformed;
+    const LiteralParts<CharT> parts = splitLiteral(text);
+    return parts.digits.size() <= digitsThatFit<Radix>(widthOf(parts.suffix))
+               ? LiteralValidationResult::Valid
+               : LiteralValidationResult::TooManyDigits;
+}
+
+template <class CharT>
+LiteralValidationResult validateDouble(std::basic_string_view<CharT> text) {
+    thread_local const LiteralPattern pattern(NARROW_DOUBLE_PATTERN, WIDE_DOUBLE_PATTERN);
+    return pattern.matches(text) ? LiteralValidationResult::Valid
+                                 : LiteralValidationResult::Malformed;
+}
+
+} // namespace
+
+LiteralValidationResult validateBinaryLiteral(std::basic_string_view<char> text) {
+    return validateInteger<Binary>(text);
+}
+
+LiteralValidationResult validateBinaryLiteral(std::basic_string_view<char16_t> text) {
+    return validateInteger<Binary>(text);
+}
+
+LiteralValidationResult validateHexLiteral(std::basic_string_view<char> text) {
+    return validateInteger<Hexadecimal>(text);
+}
+
+LiteralValidationResult validateHexLiteral(std::basic_string_view<char16_t> text) {
+    return validateInteger<Hexadecimal>(text);
+}
+
+LiteralValidationResult validateDoubleLiteral(std::basic_string_view<char> text) {
+    return validateDouble(text);
+}
+
+LiteralValidationResult validateDoubleLiteral(std::basic_string_view<char16_t> text) {
+    return validateDouble(text);
+}
+
+} // namespace zt::orvex::internal

@@ -1,0 +1,48 @@
+#include "support/DecimalToDouble.h"
+
+#include <zt_orvex/literals/NumberConversionError.h>
+
+#include <fast_float/fast_float.h>
+
+#include <string>
+#include <system_error>
+
+namespace zt::orvex::internal {
+
+namespace {
+
+constexpr char16_t LAST_ASCII_UNIT = 0x7F;
+
+[[noreturn]] void fail(const char* text, std::size_t length) {
+    throw NumberConversionError(std::string(text, length));
+}
+
+/// The converter also takes a minus sign, "inf" and "nan"; none of them begins like this.
+bool beginsLikeNumber(const char* text) { return (*text >= '0' && *text <= '9') || *text == '.'; }
+
+} // namespace
+
+double decimalToDouble(const char* text, std::size_t length) {
+    if (!beginsLikeNumber(text)) fail(text, length);
+    double value = 0;
+    const auto result = fast_float::from_chars(text, text + length, value);
+    // Versions differ in whether a number out of range is an error; all of them store the value.
+    if (result.ec == std::errc::invalid_argument || result.ptr != text + length) fail(text, length);
+    return value;
+}
+
+double decimalToDouble(char16_t* text, std::size_t length) {
+    // The narrow text never overtakes the wide one, which has two bytes to each of its own.
+    char* const narrow = reinterpret_cast<char*>(text);
+    unsigned seen = 0;
+    for (std::size_t i = 0; i < length; ++i) {
+        const char16_t unit = text[i];
+        seen |= unit;
+        narrow[i] = static_cast<char>(unit);
+    }
+    narrow[length] = '\0';
+    if (seen > LAST_ASCII_UNIT) fail(narrow, length);
+    return decimalToDouble(static_cast<const char*>(narrow), length);
+}
+
+} // namespace zt::orvex::internal

@@ -1,0 +1,203 @@
+// Random texts, well-formed and not, against plain rules of their own: no pattern, no split, and
+// numbers by strtoull. 8-bit and 16-bit text must agree on each.
+
+#include "literals/RandomLiterals.h"
+
+#include "literals/BothWidths.h"
+#include "testing/Random.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <bitset>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+
+namespace zt::orvex::testing {
+namespace {
+
+using internal::IntegerLiteralValue;
+using internal::LiteralValidationResult;
+
+bool isOneOf(char c, std::string_view set) { return set.find(c) != std::string_view::npos; }
+
+/// Takes what it can from the front of `text`.
+std::size_t take(std::string_view& text, std::string_view set) {
+    const std::size_t count = std::min(text.find_first_not_of(set), text.size());
+    text.remove_prefix(count);
+    return count;
+}
+
+struct PlainInteger {
+    bool isWellFormed = false;
+    std::string digits;
+    bool isSigned = false;
+    std::size_t width = 0; // 0 without suffix
+};
+
+PlainInteger readInteger(std::string_view text, bool isHex) {
+    PlainInteger result;
+    if (text.size() < 3 || text[0] != '0' || !isOneOf(text[1], isHex ? "xX" : "bB")) return result;
+    text.remove_prefix(2);
+    const std::string_view rest = text;
+    const std::size_t count = take(text, isHex ? "0123456789ABCDEFabcdef" : "01");
+    result.digits = rest.substr(0, count);
+    if (count == 0) return result;
+    if (!text.empty()) {
+        if (!isOneOf(text[0], "uUsS")) return result;
+        result.isSigned = isOneOf(text[0], "sS");
+        const std::string_view width = text.substr(1);
+        for (const std::size_t known : {8U, 16U, 32U, 64U})
+            if (width == std::to_string(known)) result.width = known;
+        if (result.width == 0) return result;
+    }
+    result.isWellFormed = true;
+    return result;
+}
+
+bool isDouble(std::string_view text) {
+    constexpr std::string_view DIGITS = "0123456789";
+    std::size_t count = take(text, DIGITS);
+    if (!text.empty() && text[0] == '.') {
+        text.remove_prefix(1);
+        count += take(text, DIGITS);
+    }
+    if (count == 0) return false;
+    if (text.empty()) return true;
+    if (!isOneOf(text[0], "dDeE")) return false;
+    text.remove_prefix(1);
+    if (!text.empty() && isOneOf(text[0], "+-")) text.remove_prefix(1);
+    return take(text, DIGITS) > 0 && text.empty();
+}
+
+/// The value in the form of `describe`: the index by width and sign, and the bits as a number.
+std::string expectedValue(const PlainInteger& integer, bool isHex) {
+    const std::size_t digitBits = isHex ? 4 : 1;
+    std::size_t width = integer.width;
+    for (width = width == 0 ? 8 : width; integer.width == 0 && width < 64; width *= 2)
+        if (integer.digits.size() * digitBits <= width) break;
+    const std::size_t first =
+        std::min(integer.digits.find_first_not_of('0'), integer.digits.size());
+    const std::string significant = integer.digits.substr(first);
+    const unsigned long long bits = std::strtoull(significant.c_str(), nullptr, isHex ? 16 : 2);
+    const bool fits = significant.size() * digitBits <= 64 + 3 &&
+                      (significant.size() <= 64 / digitBits) && (width == 64 || bits >> width == 0);
+    // A hexadecimal digit is shifted in whole: it must fit whole, which it does in every width.
+    if (!fits) return "Conversion failed converting '" + integer.digits + "' Reason: Not Specified";
+    switch (width + (integer.isSigned ? 1 : 0)) {
+    case 8:
+        return describe(IntegerLiteralValue(static_cast<unsigned char>(bits)));
+    case 9:
+        return describe(IntegerLiteralValue(static_cast<signed char>(bits)));
+    case 16:
+        return describe(IntegerLiteralValue(static_cast<unsigned short>(bits)));
+    case 17:
+        return describe(IntegerLiteralValue(static_cast<short>(bits)));
+    case 32:
+        return describe(IntegerLiteralValue(static_cast<unsigned int>(bits)));
+    case 33:
+        return describe(IntegerLiteralValue(static_cast<int>(bits)));
+    case 64:
+        return describe(IntegerLiteralValue(bits));
+    default:
+        return describe(IntegerLiteralValue(static_cast<long long>(bits)));
+    }
+}
+
+LiteralValidationResult expectedResult(const PlainInteger& integer, bool isHex) {
+    if (!integer.isWellFormed) return LiteralValidationResult::Malformed;
+    const std::size_t width = integer.width == 0 ? 64 : integer.width;
+    return integer.digits.size() <= width / (isHex ? 4 : 1)
+               ? LiteralValidationResult::Valid
+               : LiteralValidationResult::TooManyDigits;
+}
+
+TEST(RandomLiterals, IntegersFollowThePlainRules) {
+    Random random;
+    SCOPED_TRACE(random.describe());
+    std::size_t wellFormed = 0;
+    for (std::size_t round = 0; round < rounds(300000); ++round) {
+        const bool isHex = random.oneIn(2);
+        const std::string text =
+            randomLiteral(random, isHex ? LiteralKind::Hexadecimal : LiteralKind::Binary);
+        const PlainInteger integer = readInteger(text, isHex);
+        const LiteralValidationResult result =
+            isHex ? validateHexLiteral(text) : validateBinaryLiteral(text);
+        ASSERT_EQ(result, expectedResult(integer, isHex)) << text;
+        const std::string outcome = isHex ? parseHexLiteral(text) : parseBinaryLiteral(text);
+        if (!integer.isWellFormed) continue;
+        ++wellFormed;
+        ASSERT_EQ(outcome, expectedValue(integer, isHex)) << text;
+    }
+    EXPECT_GT(wellFormed, rounds(300000) / 4);
+}
+
+TEST(RandomLiterals, DoublesFollowThePlainRules) {
+    Random random;
+    SCOPED_TRACE(random.describe());
+    std::size_t wellFormed = 0;
+    for (std::size_t round = 0; round < rounds(300000); ++round) {
+        const std::string text = randomLiteral(random, LiteralKind::Double);
+        const bool isWellFormed = isDouble(text);
+        ASSERT_EQ(validateDoubleLiteral(text) == LiteralValidationResult::Valid, isWellFormed)
+            << text;
+        std::string rewritten = text;
+        for (char& c : rewritten)
+            if (c == 'd' || c == 'D') c = 'e';
+        const std::string outcome = parseDoubleLiteral(text);
+        if (isWellFormed) {
+            ++wellFormed;
+            ASSERT_EQ(outcome, describe(std::strtod(rewritten.c_str(), nullptr))) << text;
+        } else {
+            ASSERT_EQ(outcome.rfind("Conversion failed converting '", 0), 0U) << text;
+        }
+    }
+    EXPECT_GT(wellFormed, rounds(300000) / 4);
+}
+
+/// Nothing but the two widths against each other, so that a million texts are cheap.
+TEST(RandomLiterals, WidthsAgreeOnAMillionTexts) {
+    Random random;
+    SCOPED_TRACE(random.describe());
+    for (std::size_t round = 0; round < rounds(1000000); ++round) {
+        const auto kind = static_cast<LiteralKind>(random.below(3));
+        const std::string narrow = randomLiteral(random, kind);
+        const std::u16string wide = widen(narrow);
+        const std::u16string_view wideView = wide;
+        switch (kind) {
+        case LiteralKind::Binary:
+            ASSERT_EQ(internal::validateBinaryLiteral(narrow),
+                      internal::validateBinaryLiteral(wideView))
+                << narrow;
+            break;
+        case LiteralKind::Hexadecimal:
+            ASSERT_EQ(internal::validateHexLiteral(narrow), internal::validateHexLiteral(wideView))
+                << narrow;
+            break;
+        case LiteralKind::Double:
+            ASSERT_EQ(internal::validateDoubleLiteral(narrow),
+                      internal::validateDoubleLiteral(wideView))
+                << narrow;
+        }
+    }
+}
+
+/// A well-formed literal with one unit lifted above ASCII, its low byte unchanged.
+TEST(RandomLiterals, UnitWithAnyHighByteIsMalformed) {
+    Random random;
+    SCOPED_TRACE(random.describe());
+    for (std::size_t round = 0; round < rounds(100000); ++round) {
+        std::u16string text = widen(randomInteger(random, true));
+        char16_t& unit = text[random.below(text.size())];
+        unit = static_cast<char16_t>(unit | random.between(1, 0xFF) << 8);
+        ASSERT_EQ(internal::validateHexLiteral(text), LiteralValidationResult::Malformed);
+        text = widen(randomDouble(random) + "1");
+        text[random.below(text.size())] |= 0x100;
+        ASSERT_EQ(internal::validateDoubleLiteral(text), LiteralValidationResult::Malformed);
+        ASSERT_THROW(internal::parseDoubleLiteral(text), internal::NumberConversionError);
+    }
+}
+
+} // namespace
+} // namespace zt::orvex::testing
