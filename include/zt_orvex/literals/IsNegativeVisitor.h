@@ -1,0 +1,25 @@
+#pragma once
+
+#include <zt_orvex/literals/Imaginary.h>
+#include <zt_orvex/support/Export.h>
+
+namespace zt::orvex::internal {
+
+/// Whether the value of a literal is below 0. Minus 0 and a NaN aren't.
+class ZT_ORVEX_EXPORT IsNegativeVisitor {
+public:
+    bool visit(signed char value) const noexcept;
+    bool visit(unsigned char value) const noexcept;
+    bool visit(short value) const noexcept;
+    bool visit(unsigned short value) const noexcept;
+    bool visit(int value) const noexcept;
+    bool visit(unsigned int value) const noexcept;
+    bool visit(long long value) const noexcept;
+    bool visit(unsigned long long value) const noexcept;
+    bool visit(double value) const noexcept;
+
+    /// Deliberate: false, even below 0. An imaginary literal never counts as negative.
+    bool visit(Imaginary value) const noexcept;
+};
+
+} // namespace zt::orvex::internal
