@@ -6,7 +6,13 @@
 // First, since it must be seen before streams of 16-bit characters are used.
 #include <zt_orvex/support/Char16Locale.h>
 
+#include <zt_orvex/analysis/AnalysisSettings.h>
+#include <zt_orvex/analysis/AnsAnalysis.h>
+#include <zt_orvex/analysis/LiveVariables.h>
 #include <zt_orvex/analysis/RestrictedExternals.h>
+#include <zt_orvex/analysis/TransparentLiveVariablesAnalyzerView.h>
+#include <zt_orvex/ast/ControlFlow.h>
+#include <zt_orvex/ast/ForEachNodeIn.h>
 #include <zt_orvex/ast/IAstView.h>
 #include <zt_orvex/ast/ILnrAdapter.h>
 #include <zt_orvex/ast/IUnparserAdapter.h>
@@ -16,6 +22,29 @@
 #include <zt_orvex/ast/RangeViews.h>
 #include <zt_orvex/ast/SymbolView.h>
 #include <zt_orvex/ast/TypedViews.h>
+#include <zt_orvex/flow/BitSet.h>
+#include <zt_orvex/flow/Digraph.h>
+#include <zt_orvex/flow/ElementHash.h>
+#include <zt_orvex/flow/Equation.h>
+#include <zt_orvex/flow/Factory.h>
+#include <zt_orvex/flow/Lattice.h>
+#include <zt_orvex/flow/OrderedSet.h>
+#include <zt_orvex/flow/PowerSetLattice.h>
+#include <zt_orvex/flow/SmallOrderedSet.h>
+#include <zt_orvex/flow/SystemOfEquations.h>
+#include <zt_orvex/flow/SystemOfEquationsBuilder.h>
+#include <zt_orvex/flow/Terms.h>
+#include <zt_orvex/flow/VariableFamily.h>
+#include <zt_orvex/flow/WordPool.h>
+#include <zt_orvex/literals/Imaginary.h>
+#include <zt_orvex/literals/IsNegativeVisitor.h>
+#include <zt_orvex/literals/IsOneVisitor.h>
+#include <zt_orvex/literals/IsZeroVisitor.h>
+#include <zt_orvex/literals/LiteralParsing.h>
+#include <zt_orvex/literals/LiteralValidation.h>
+#include <zt_orvex/literals/LiteralValue.h>
+#include <zt_orvex/literals/NumberConversionError.h>
+#include <zt_orvex/literals/ValueToStringVisitor.h>
 #include <zt_orvex/support/AllocatorStatistics.h>
 #include <zt_orvex/support/ConvertibleBasicStringView.h>
 #include <zt_orvex/support/Export.h>
