@@ -1,0 +1,68 @@
+#pragma once
+
+#include <zt_orvex/ast/NodeKind.h>
+#include <zt_orvex/support/Export.h>
+
+#include <boost/utility/string_ref.hpp>
+
+#include <string>
+#include <string_view>
+
+namespace zt::orvex {
+
+/// Through this a matcher of two trees reports its steps. AstEquivalence.h tells what a report
+/// looks like.
+///
+/// Each `beginMatching...` is paired with one `doneMatching`, and levels nest as the walk does;
+/// `log...` may be called at any level. Nothing is checked. A logger belongs to one thread at a
+/// time. Text arguments are read during the call only.
+///
+///   logger.beginMatching("A", "B");
+///   if (!sameKind) logger.logMismatchedNodes("A", "B", kindOfA, kindOfB, positionOfA,
+///   positionOfB); logger.doneMatching(sameKind);
+class ZT_ORVEX_EXPORT EquivalenceLogger {
+public:
+    EquivalenceLogger();
+    virtual ~EquivalenceLogger();
+
+    /// A new pair of trees begins. What an earlier match has left in the report stays there.
+    virtual void startNewMatch() = 0;
+
+    virtual void beginMatching(const std::string& first, const std::string& second) = 0;
+
+    /// Pass two views of the same type. A bare u"..." converts to either, so that two of them don't
+    /// compile: write `std::u16string_view(u"a")`.
+    virtual void beginMatchingStrings(std::u16string_view first, std::u16string_view second) = 0;
+    virtual void beginMatchingStrings(boost::basic_string_ref<char16_t> first,
+                                      boost::basic_string_ref<char16_t> second) = 0;
+
+    virtual void beginMatchingRange() = 0;
+    virtual void beginMatchingIntroductionNodes() = 0;
+    virtual void beginMatchingMemoryAddressesOfIntroductionNodes() = 0;
+
+    virtual void log(const char* message) = 0;
+    virtual void logRangeIndex(unsigned index) = 0;
+
+    /// The two nodes by name, kind and position.
+    virtual void logMismatchedNodes(const std::string& first, const std::string& second,
+                                    NodeKind firstKind, NodeKind secondKind, unsigned firstPosition,
+                                    unsigned secondPosition) = 0;
+
+    /// Whether it is the first that is there, and the node that is there by name, kind and
+    /// position.
+    virtual void logMismatchedOptionals(bool isFirstPresent, const std::string& node, NodeKind kind,
+                                        unsigned position) = 0;
+
+    virtual void logMismatchedIntroductionNodes(const std::string& firstIdentifier,
+                                                const std::string& firstIntroductionNode,
+                                                const std::string& secondIdentifier,
+                                                const std::string& secondIntroductionNode) = 0;
+
+    /// Ends the level that was opened last.
+    virtual void doneMatching(bool matched) = 0;
+
+    /// The text of the level that is open, or of the whole report when none is.
+    virtual std::string getLog() const = 0;
+};
+
+} // namespace zt::orvex
