@@ -80,7 +80,7 @@ NodeView FakeAst::append(NodeKind kind, std::uint32_t datum) {
     return NodeView{FIRST_NODE + nodes.size() - 1, this};
 }
 
-NodeView FakeAst::add(NodeKind kind, std::initializer_list<Part> newParts, std::uint32_t datum) {
+NodeView FakeAst::add(NodeKind kind, const std::vector<Part>& newParts, std::uint32_t datum) {
     const NodeView node = append(kind, datum);
     nodes.back().partCount = static_cast<std::uint8_t>(newParts.size());
     for (const Part& part : newParts) {
@@ -122,6 +122,12 @@ std::u16string_view FakeAst::nameOfSymbol(const SymbolView& of) const {
 
 void FakeAst::setIsVariable(std::u16string_view name, bool isVariable) {
     symbols.at(symbol(name).symbol - FIRST_SYMBOL).isVariable = isVariable;
+}
+
+std::vector<NodeView> FakeAst::childrenOf(const NodeView& node, Operation accessor) const {
+    const StoredPart& part = parts[partIndex(accessor, node.node)];
+    const NodeView* first = children.data() + part.firstChild;
+    return {first, first + part.size};
 }
 
 void FakeAst::setKind(const NodeView& node, NodeKind kind) {

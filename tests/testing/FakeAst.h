@@ -10,7 +10,6 @@
 #include <cstdint>
 #include <deque>
 #include <functional>
-#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -73,7 +72,7 @@ struct Part {
 ///
 /// Trees live in a few flat arrays: cheap to build, and destroyed without recursion. `clear()`
 /// keeps the memory for the next tree.
-class FakeAst final : public IAstView {
+class FakeAst : public IAstView {
 public:
     FakeAst() = default;
     FakeAst(const FakeAst&) = delete;
@@ -83,7 +82,7 @@ public:
 
     /// A node whose accessors answer `parts`. `datum` is its operator, or for an InputParameter the
     /// kind that it says it holds.
-    NodeView add(NodeKind kind, std::initializer_list<Part> parts, std::uint32_t datum = 0);
+    NodeView add(NodeKind kind, const std::vector<Part>& parts, std::uint32_t datum = 0);
     NodeView addIdentifier(std::u16string_view name);
     void clear();
 
@@ -91,6 +90,9 @@ public:
     SymbolView symbol(std::u16string_view name);
     std::u16string_view nameOfSymbol(const SymbolView& symbol) const;
     void setIsVariable(std::u16string_view name, bool isVariable);
+
+    /// What `accessor` of the node answers, as a list. Is no call.
+    std::vector<NodeView> childrenOf(const NodeView& node, Operation accessor) const;
 
     /// The number of nodes. Handles go from `FIRST_NODE` up, in the order of making.
     std::size_t size() const { return nodes.size(); }

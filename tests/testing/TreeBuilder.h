@@ -5,6 +5,7 @@
 #include <boost/none.hpp>
 #include <boost/optional.hpp>
 
+#include <initializer_list>
 #include <string_view>
 #include <vector>
 
