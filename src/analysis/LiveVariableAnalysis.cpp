@@ -121,7 +121,7 @@ public:
         if (clause) {
             processCatch(CatchClauseView(*clause), std::move(failing));
         } else {
-            flow.pending.insertAll(failing); // a failure is swallowed
+            flow.pending.merge(failing); // a failure is swallowed
         }
     }
 
@@ -144,24 +144,21 @@ private:
 
     /// The next branch begins where `condition` fails.
     void endBranch(NodeSet& branchEnds, FlowNode* condition) {
-        branchEnds.insertAll(flow.pending);
+        branchEnds.merge(flow.pending);
         become(condition);
     }
 
     /// Without an else, the last condition is among the ends: no branch was taken.
-    void joinBranches(NodeSet& branchEnds) {
-        branchEnds.insertAll(flow.pending);
-        flow.pending = std::move(branchEnds);
-    }
+    void joinBranches(NodeSet& branchEnds) { flow.pending.merge(branchEnds); }
 
     void processCatch(const CatchClauseView& clause, NodeSet failing) {
         FlowNode* const node = analysis.addNodeEquations(clause);
-        const NodeSet normalEnds = std::exchange(flow.pending, std::move(failing));
+        NodeSet normalEnds = std::exchange(flow.pending, std::move(failing));
         analysis.connect(flow.pending, node);
         become(node);
         // The catch body reports to the enclosing try, if there is one.
         analysis.processStatementRange(clause.getCatchBody(), flow);
-        flow.pending.insertAll(normalEnds);
+        flow.pending.merge(normalEnds);
     }
 
     LiveVariableAnalysis& analysis;

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <utility>
 
 namespace zt::orvex::flow {
 
@@ -33,6 +34,14 @@ public:
     void insertAll(const Range& others) {
         for (const T& other : others)
             insert(other);
+    }
+
+    /// Adds all of `others`, and empties it. The smaller set goes into the larger, which then comes
+    /// first in the order: merging many sets into one stays cheap however often it is done.
+    void merge(SmallOrderedSet& others) {
+        if (others.size() > size()) std::swap(*this, others);
+        insertAll(others);
+        others.clear();
     }
 
     bool contains(T element) const {
