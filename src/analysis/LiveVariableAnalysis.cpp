@@ -177,6 +177,7 @@ LiveVariableAnalysis::LiveVariableAnalysis(const OrderedSet<SymbolView>& univers
       collector(analysisType, mode, subscriptVariables, universe),
       gen(builder.createVariableFamily("gen", false)),
       kill(builder.createVariableFamily("kill", false)) {
+    reserve(statements.size() + 2);
     entry = addNodeEquations(entryNode);
     NodeSet pending;
     NodeSet jumps;
@@ -188,6 +189,13 @@ LiveVariableAnalysis::LiveVariableAnalysis(const OrderedSet<SymbolView>& univers
     connect(jumps, exit);
     system = builder.build();
     sweeps = system->solve();
+}
+
+/// Makes room for `count` flow nodes: as many as there are at least.
+void LiveVariableAnalysis::reserve(std::uint64_t count) {
+    for (VariableFamily<Value>* family : {&liveIn, &liveOut, &gen, &kill})
+        family->reserve(count);
+    builder.reserve(4 * count);
 }
 
 LiveVariableAnalysis::FlowNode* LiveVariableAnalysis::addNodeEquations(const NodeView& node) {

@@ -54,9 +54,10 @@ public:
 
     const Value& liveAtEntry() const { return entry->liveIn->value(); }
 
-    // What tests look at.
+    // What tests and benchmarks look at.
     const std::deque<FlowNode>& flowNodes() const { return nodes; }
     const SystemOfEquationsBuilder<Lattice>& equations() const { return builder; }
+    SystemOfEquations<Lattice>& solver() { return *system; }
     std::uint64_t numberOfSweeps() const { return sweeps; }
 
 private:
@@ -71,6 +72,7 @@ private:
         NodeSet* tryNodes; ///< Where the innermost `try` body can fail; null outside of any.
     };
 
+    void reserve(std::uint64_t count);
     static NodeSet selectByKind(const NodeSet& set, NodeKind kind);
     FlowNode* addNodeEquations(const NodeView& node);
     void connect(const NodeSet& predecessors, FlowNode* successor);

@@ -29,18 +29,31 @@ template <typename T>
 class BitSet {
 public:
     /// The empty set.
-    explicit BitSet(const OrderedSet<T>& over) : BitSet(over, nullptr) {}
+    explicit BitSet(const OrderedSet<T>& over)
+        : universe(&over), bits(over.size() & SIZE_MASK), isPooled(false) {
+        words = newWords(wordCount());
+        std::fill_n(words, wordCount(), 0);
+    }
 
     /// Grows `other`, and takes the universe's size of now.
-    BitSet(const BitSet& other) : BitSet(other, nullptr) {}
+    BitSet(const BitSet& other) : BitSet(other, false) {
+        words = newWords(wordCount());
+        std::copy_n(other.words, wordCount(), words);
+    }
 
     /// As the copy, with the words in `from`, which must outlive this set.
-    BitSet(const BitSet& other, internal::WordPool& from) : BitSet(other, &from) {}
+    BitSet(const BitSet& other, internal::WordPool& from) : BitSet(other, true) {
+        words = from.allocate(wordCount());
+        std::copy_n(other.words, wordCount(), words);
+    }
 
     /// Leaves `other` an empty set over the same universe.
     BitSet(BitSet&& other) noexcept
-        : universe(other.universe), bits(std::exchange(other.bits, 0)),
-          words(std::exchange(other.words, nullptr)), pool(other.pool) {}
+        : universe(other.universe), bits(other.bits), isPooled(other.isPooled),
+          words(std::exchange(other.words, nullptr)) {
+        other.bits = 0;
+        other.isPooled = false;
+    }
 
     BitSet& operator=(const BitSet& other) {
         if (this != &other) *this = BitSet(other);
@@ -48,14 +61,19 @@ public:
     }
 
     BitSet& operator=(BitSet&& other) noexcept {
-        std::swap(universe, other.universe);
-        std::swap(bits, other.bits);
-        std::swap(words, other.words);
-        std::swap(pool, other.pool);
+        if (this != &other) {
+            release();
+            universe = other.universe;
+            bits = other.bits;
+            isPooled = other.isPooled;
+            words = std::exchange(other.words, nullptr);
+            other.bits = 0;
+            other.isPooled = false;
+        }
         return *this;
     }
 
-    ~BitSet() { release(words); }
+    ~BitSet() { release(); }
 
     /// Makes `element` a member, after growing the set to its universe.
     ///
@@ -192,7 +210,7 @@ public:
     /// Takes the value and the `bitCount()` of `source`, and grows neither. Keeps its words unless
     /// they are too few.
     void assign(const BitSet& source) {
-        if (source.wordCount() > wordCount()) replaceWords(allocate(source.wordCount()));
+        if (source.wordCount() > wordCount()) replaceWords(newWords(source.wordCount()));
         bits = source.bits;
         std::copy_n(source.words, wordCount(), words);
     }
@@ -225,6 +243,7 @@ public:
 
 private:
     static constexpr std::uint64_t ALL_ONES = ~std::uint64_t{0};
+    static constexpr std::uint64_t SIZE_MASK = ALL_ONES >> 1; // no universe is that large
     static constexpr std::uint64_t BLOCK = 64;
 
     static std::uint64_t bitOf(std::uint64_t index) { return std::uint64_t{1} << (index % 64); }
@@ -233,17 +252,10 @@ private:
         return static_cast<std::uint64_t>(__builtin_ctzll(word));
     }
 
-    BitSet(const OrderedSet<T>& over, internal::WordPool* from)
-        : universe(&over), bits(over.size()), pool(from) {
-        words = allocate(wordCount());
-        std::fill_n(words, wordCount(), 0);
-    }
-
-    BitSet(const BitSet& other, internal::WordPool* from) : universe(other.universe), pool(from) {
+    /// The begin of a copy: all but the words.
+    BitSet(const BitSet& other, bool pooled) : universe(other.universe), isPooled(pooled) {
         other.growToUniverse();
         bits = other.bits;
-        words = allocate(wordCount());
-        std::copy_n(other.words, wordCount(), words);
     }
 
     std::uint64_t wordCount() const { return wordsFor(bits); }
@@ -258,14 +270,14 @@ private:
 
     void growTo(std::uint64_t count) const {
         const std::uint64_t oldWords = wordCount();
-        const std::uint64_t newWords = wordsFor(count);
-        if (newWords > oldWords) {
-            std::uint64_t* const grown = allocate(newWords);
+        const std::uint64_t needed = wordsFor(count);
+        if (needed > oldWords) {
+            std::uint64_t* const grown = newWords(needed);
             std::copy_n(words, oldWords, grown);
-            std::fill_n(grown + oldWords, newWords - oldWords, 0);
+            std::fill_n(grown + oldWords, needed - oldWords, 0);
             replaceWords(grown);
         }
-        bits = count;
+        bits = count & SIZE_MASK;
     }
 
     template <typename Operation>
@@ -279,23 +291,23 @@ private:
             target[i] = operation(target[i], operand[i]);
     }
 
-    std::uint64_t* allocate(std::uint64_t count) const {
-        if (count == 0) return nullptr;
-        return pool != nullptr ? pool->allocate(count) : new std::uint64_t[count];
+    static std::uint64_t* newWords(std::uint64_t count) {
+        return count == 0 ? nullptr : new std::uint64_t[count];
     }
-    void release(std::uint64_t* array) const {
-        if (pool == nullptr) delete[] array;
+    void release() const {
+        if (!isPooled) delete[] words;
     }
     void replaceWords(std::uint64_t* array) const {
-        release(words);
+        release();
         words = array;
+        isPooled = false;
     }
 
     // Growth is no change of value, so it also happens under const.
     const OrderedSet<T>* universe;
-    mutable std::uint64_t bits;
+    mutable std::uint64_t bits : 63;
+    mutable std::uint64_t isPooled : 1; // the words belong to a pool, and not to this set
     mutable std::uint64_t* words;
-    internal::WordPool* pool; // null: this set owns its words
 };
 
 } // namespace zt::orvex::flow

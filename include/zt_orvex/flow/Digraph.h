@@ -80,7 +80,7 @@ public:
 
     /// Makes room for `count` nodes in one step.
     void reserve(std::uint64_t count) {
-        nodes.reserve(count);
+        nodes.reserveElements(count);
         successorSets.reserve(count);
     }
 
@@ -89,6 +89,13 @@ public:
         const std::uint64_t index = nodes.add(node);
         if (index == successorSets.size()) successorSets.emplace_back();
         return index;
+    }
+
+    /// As `addNode`, for a node that the caller knows to be new; that is not checked. No hash
+    /// look-up.
+    std::uint64_t addNewNode(const T& node) {
+        successorSets.emplace_back();
+        return nodes.appendNew(node);
     }
 
     /// Adds `from`, then `to`, then the edge. Two hash look-ups.

@@ -1,21 +1,21 @@
 #pragma once
 
+#include <zt_orvex/flow/PooledSequence.h>
 #include <zt_orvex/flow/Terms.h>
 
-#include <boost/container/small_vector.hpp>
+#include <cstdint>
 
 namespace zt::orvex::flow::internal {
 
-/// The terms of a right-hand side, not owned; room for three without an allocation.
+/// The terms of a right-hand side, not owned.
 template <typename V>
-using TermSequence = boost::container::small_vector<Term<V>*, 3>;
+using TermSequence = PooledSequence<Term<V>*>;
 
 /// One variable and its right-hand side, which is never empty. Owns neither.
 template <typename V>
 class Equation {
 public:
-    Equation(Variable<V>* defined, Term<V>* const* begin, Term<V>* const* end)
-        : variable(defined), rightHandSide(begin, end) {}
+    explicit Equation(Variable<V>* defined) : variable(defined) {}
 
     /// The variables that the right-hand side reads, each once, in the order of its terms.
     DependencySet<V> dependencies() const {
@@ -27,6 +27,7 @@ public:
 
     Variable<V>* variable;
     TermSequence<V> rightHandSide;
+    std::uint32_t number = 0; ///< Its place in its builder's order of creation.
 };
 
 } // namespace zt::orvex::flow::internal

@@ -35,7 +35,14 @@ public:
 
     /// Copies the sequence of pointers.
     Equation<V>* createEquation(Variable<V>* variable, Term<V>* const* begin, Term<V>* const* end) {
-        return equations.construct(variable, begin, end);
+        Equation<V>* const equation = equations.construct(variable);
+        if (equation != nullptr) extend(*equation, begin, end);
+        return equation;
+    }
+
+    /// Appends copies of the pointers to the right-hand side.
+    void extend(Equation<V>& equation, Term<V>* const* begin, Term<V>* const* end) {
+        equation.rightHandSide.append(begin, end, words);
     }
 
 private:

@@ -38,16 +38,28 @@ public:
 
     /// The element's index; a new element is appended and gets the next one. One hash look-up.
     std::uint64_t add(const T& element) {
+        catchUp();
         const auto [entry, isNew] = indices.try_emplace(element, elements.size());
         if (isNew) append(element, entry);
         return entry->second;
     }
 
+    /// As `add`, for an element that the caller knows to be new; that is not checked. Nothing is
+    /// hashed here: the next look-up makes up for it, so do one before threads share the set.
+    std::uint64_t appendNew(const T& element) {
+        elements.push_back(element);
+        return elements.size() - 1;
+    }
+
     /// One hash look-up.
-    bool contains(const T& element) const { return indices.find(element) != indices.end(); }
+    bool contains(const T& element) const {
+        catchUp();
+        return indices.find(element) != indices.end();
+    }
 
     /// One hash look-up. Throws std::invalid_argument("element not found") for an unknown element.
     std::uint64_t indexOf(const T& element) const {
+        catchUp();
         const auto entry = indices.find(element);
         if (entry == indices.end()) throwNotFound();
         return entry->second;
@@ -55,6 +67,7 @@ public:
 
     /// The element's index, or `size()` for an unknown element. One hash look-up, and no exception.
     std::uint64_t indexOrSize(const T& element) const {
+        catchUp();
         const auto entry = indices.find(element);
         return entry == indices.end() ? size() : entry->second;
     }
@@ -69,6 +82,9 @@ public:
         indices.reserve(count);
         elements.reserve(count);
     }
+
+    /// As `reserve`, but leaves the hash index: for sets that are only appended to.
+    void reserveElements(std::uint64_t count) { elements.reserve(count); }
 
     /// Iterates in order of index.
     const_iterator begin() const { return elements.begin(); }
@@ -88,9 +104,19 @@ private:
         }
     }
 
+    void catchUp() const {
+        if (indices.size() != elements.size()) indexNewElements();
+    }
+    void indexNewElements() const {
+        indices.reserve(elements.size());
+        for (std::uint64_t index = indices.size(); index < elements.size(); ++index) {
+            indices.emplace(elements[index], index);
+        }
+    }
+
     [[noreturn]] static void throwNotFound() { throw std::invalid_argument("element not found"); }
 
-    Indices indices;
+    mutable Indices indices; // lacks what `appendNew` has added since the last look-up
     std::vector<T> elements;
 };
 

@@ -9,6 +9,7 @@
 
 #include <boost/unordered/unordered_flat_map.hpp>
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <initializer_list>
@@ -71,6 +72,12 @@ public:
     Meet<V>* createMeet(Variable<V>* operand) { return factory->createMeet(operand); }
     Minus<V>* createMinus(Variable<V>* operand) { return factory->createMinus(operand); }
 
+    /// Makes room for `count` equations in one step.
+    void reserve(std::size_t count) {
+        equations.reserve(count);
+        inOrderOfCreation.reserve(count);
+    }
+
     /// Adds the equation `variable` = the terms, whose pointers are copied. The first term must be
     /// a variable or a constant; that is not checked. One hash look-up.
     ///
@@ -90,7 +97,8 @@ public:
             throw;
         }
         entry->second = inOrderOfCreation.back();
-        variable->equationNumber = static_cast<std::uint32_t>(inOrderOfCreation.size() - 1);
+        entry->second->number = static_cast<std::uint32_t>(inOrderOfCreation.size() - 1);
+        variable->equationNumber = entry->second->number;
     }
     void addEquation(Variable<V>* variable, std::initializer_list<Term<V>*> terms) {
         addEquation(variable, terms.begin(), terms.end());
@@ -103,7 +111,7 @@ public:
         if (equation == nullptr) {
             throw std::invalid_argument("Equation does not exist for this variable");
         }
-        equation->rightHandSide.insert(equation->rightHandSide.end(), begin, end);
+        factory->extend(*equation, begin, end);
     }
     void extendEquation(Variable<V>* variable, std::initializer_list<Term<V>*> terms) {
         extendEquation(variable, terms.begin(), terms.end());
@@ -129,10 +137,6 @@ public:
 private:
     using Equation = internal::Equation<V>;
 
-    std::uint64_t numberOf(const Equation* equation) const {
-        return equation->variable->equationNumber;
-    }
-
     /// The number that the variable carries answers without hashing, if it was given here; only a
     /// variable that another builder has numbered, or none, takes the hash look-up.
     Equation* findEquation(const Variable<V>* variable) const {
@@ -151,20 +155,28 @@ private:
     std::shared_ptr<std::vector<Equation*>> evaluationOrder() const {
         Digraph<Equation*> graph;
         graph.reserve(inOrderOfCreation.size());
+        // Equations have dense numbers, so that none needs to be hashed to find its node.
+        std::vector<std::uint32_t> nodeOfNumber(inOrderOfCreation.size(), NO_NODE);
+        const auto nodeOf = [&](Equation* equation) {
+            std::uint32_t& node = nodeOfNumber[equation->number];
+            if (node == NO_NODE) node = static_cast<std::uint32_t>(graph.addNewNode(equation));
+            return node;
+        };
         DependencySet<V> read;
         for (auto next = inOrderOfCreation.rbegin(); next != inOrderOfCreation.rend(); ++next) {
-            Equation* const equation = *next;
-            graph.addNode(equation);
+            const std::uint32_t reader = nodeOf(*next);
             read.clear();
-            for (Term<V>* term : equation->rightHandSide)
+            for (Term<V>* term : (*next)->rightHandSide)
                 term->collectDependencies(read);
             for (Variable<V>* variable : read) {
                 Equation* const definition = findEquation(variable);
-                if (definition != nullptr) graph.addEdge(definition, equation);
+                if (definition != nullptr) graph.addEdgeBetween(nodeOf(definition), reader);
             }
         }
         return graph.inReversePostOrder();
     }
+
+    static constexpr std::uint32_t NO_NODE = std::numeric_limits<std::uint32_t>::max();
 
     L& lattice;
     std::shared_ptr<internal::Factory<V>> factory;

@@ -6,6 +6,7 @@
 
 #include <boost/unordered/unordered_flat_map.hpp>
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <utility>
@@ -28,6 +29,9 @@ public:
         if (isNew) entry->second = create(node, entry);
         return entry->second;
     }
+
+    /// Makes room for `count` nodes in one step.
+    void reserve(std::size_t count) { cache.reserve(count); }
 
 private:
     using Cache = boost::unordered_flat_map<NodeView, Variable<V>*, ElementHash<NodeView>>;

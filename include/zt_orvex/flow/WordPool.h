@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <type_traits>
 #include <vector>
 
 namespace zt::orvex::flow::internal {
@@ -24,6 +25,16 @@ public:
         next += count;
         left -= count;
         return words;
+    }
+
+    /// An array of elements that take a word each, constructed.
+    template <typename Element>
+    Element* allocateArray(std::size_t count) {
+        static_assert(sizeof(Element) == sizeof(std::uint64_t) &&
+                      std::is_trivially_destructible_v<Element>);
+        auto* const array = reinterpret_cast<Element*>(allocate(count));
+        std::uninitialized_value_construct_n(array, count);
+        return array;
     }
 
 private:
