@@ -13,6 +13,7 @@
 #include <cstdlib>
 #include <memory>
 #include <new>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -239,6 +240,22 @@ TEST(Allocation, PoolWithoutMemoryYieldsNull) {
     EXPECT_EQ(minus, nullptr);
     EXPECT_EQ(equation, nullptr);
     EXPECT_NE(factory.createVariable(name, {0}), nullptr) << "memory may come back";
+}
+
+TEST(Allocation, EquationWithoutMemoryIsNotAdded) {
+    const OrderedSet<int> universe = numbers(3);
+    IntLattice lattice(universe);
+    IntBuilder builder(lattice, nullptr);
+    IntVariable* const x = builder.createVariable("");
+    Term<IntSet>* const terms[] = {builder.createConstant(setOf(universe, {1}))};
+    failWithoutThrowing = true;
+    EXPECT_THROW(builder.addEquation(x, terms, terms + 1), std::bad_alloc);
+    failWithoutThrowing = false;
+    EXPECT_FALSE(builder.hasEquation(x));
+    EXPECT_TRUE(builder.build()->equations().empty());
+    builder.addEquation(x, terms, terms + 1);
+    EXPECT_EQ(builder.build()->solve(), 2u);
+    EXPECT_EQ(indicesOf(x->value()), std::set<int>({1}));
 }
 
 } // namespace

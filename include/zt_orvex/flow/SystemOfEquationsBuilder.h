@@ -15,6 +15,7 @@
 #include <initializer_list>
 #include <limits>
 #include <memory>
+#include <new>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -83,7 +84,7 @@ public:
     ///
     /// Throws std::invalid_argument("Equation already exists for this variable"), else
     /// std::invalid_argument("The right-hand side of an equation cannot be empty"); nothing changes
-    /// then.
+    /// then, nor where memory runs out.
     void addEquation(Variable<V>* variable, Term<V>* const* begin, Term<V>* const* end) {
         const auto [entry, isNew] = equations.try_emplace(variable, nullptr);
         if (!isNew) throw std::invalid_argument("Equation already exists for this variable");
@@ -91,7 +92,9 @@ public:
             if (begin == end) {
                 throw std::invalid_argument("The right-hand side of an equation cannot be empty");
             }
-            inOrderOfCreation.push_back(factory->createEquation(variable, begin, end));
+            Equation* const equation = factory->createEquation(variable, begin, end);
+            if (equation == nullptr) throw std::bad_alloc(); // the pool got no block
+            inOrderOfCreation.push_back(equation);
         } catch (...) {
             equations.erase(entry);
             throw;
