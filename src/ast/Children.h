@@ -17,13 +17,12 @@ namespace zt::orvex::internal {
 //   Maybe<accessor>  a child that may be absent
 //   Each<accessor>   the elements of a range
 //
-// How a part asks is settled in these three alone. They are inlined wherever they stand, so that
-// one level of the tree takes one frame of the walk.
+// How a part asks is settled in these three alone.
 
 template <NodeView (IAstView::*accessor)(std::uint64_t) const>
 struct One {
     template <typename Walk>
-    [[gnu::always_inline]] static inline void visit(const NodeView& node, const Walk& walk) {
+    static void visit(const NodeView& node, const Walk& walk) {
         walk((node.view->*accessor)(node.node));
     }
 };
@@ -33,7 +32,7 @@ struct Maybe {
     /// Asks once to see whether the child is there and again to use it. A tree that changes its
     /// answer in between has no child here.
     template <typename Walk>
-    [[gnu::always_inline]] static inline void visit(const NodeView& node, const Walk& walk) {
+    static void visit(const NodeView& node, const Walk& walk) {
         if (!(node.view->*accessor)(node.node)) return;
         const boost::optional<NodeView> child = (node.view->*accessor)(node.node);
         if (child) walk(*child);
@@ -44,7 +43,7 @@ template <auto accessor>
 struct Each {
     /// Asks the size anew before each element: a range that shrinks during the walk ends early.
     template <typename Walk>
-    [[gnu::always_inline]] static inline void visit(const NodeView& node, const Walk& walk) {
+    static void visit(const NodeView& node, const Walk& walk) {
         const auto range = (node.view->*accessor)(node.node);
         for (std::uint64_t i = 0; i < range.size(); ++i)
             walk(range[i]);
@@ -54,14 +53,14 @@ struct Each {
 template <typename... Parts>
 struct InOrder {
     template <typename Walk>
-    [[gnu::always_inline]] static inline void visit(const NodeView& node, const Walk& walk) {
+    static void visit(const NodeView& node, const Walk& walk) {
         (Parts::visit(node, walk), ...);
     }
 };
 
 struct Leaf {
     template <typename Walk>
-    [[gnu::always_inline]] static inline void visit(const NodeView&, const Walk&) {}
+    static void visit(const NodeView&, const Walk&) {}
 };
 
 /// The row of the kind of `View`. A kind without a row does not compile.
@@ -187,7 +186,7 @@ template <> struct Children<ImplicitCommandStatementView>
 // The one kind that says by kind which of two children it has.
 template <> struct Children<InputParameterView> {
     template <typename Walk>
-    [[gnu::always_inline]] static inline void visit(const NodeView& node, const Walk& walk) {
+    static void visit(const NodeView& node, const Walk& walk) {
         const boost::optional<NodeView> held = getHeld(InputParameterView(node));
         if (held) walk(*held);
     }

@@ -17,7 +17,8 @@ struct ForStatementHook {
 
 void forEachForStatementIn(const NodeView& root,
                            const std::function<void(ForStatementView)>& callback) {
-    TreeWalker(ForStatementHook{callback}).walk(root);
+    const ForStatementHook hook{callback};
+    TreeWalker{hook}(root);
 }
 
 } // namespace zt::orvex::internal

@@ -5,7 +5,7 @@
 namespace zt::orvex {
 
 void forEachNodeIn(const NodeView& root, const std::function<void(NodeView)>& callback) {
-    internal::TreeWalker(callback).walk(root);
+    internal::TreeWalker{callback}(root);
 }
 
 } // namespace zt::orvex

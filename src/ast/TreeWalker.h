@@ -10,27 +10,24 @@ namespace zt::orvex::internal {
 /// `Hook` is called with the typed view of every node; its overloads choose the kinds that it cares
 /// for. The walk keeps no state of its own.
 ///
-/// One level of the tree takes one frame, that of `enter` for the node's kind: the dispatch ends in
-/// a jump to it, and handles travel in registers.
+/// One level of the tree takes one frame of an optimised build: the dispatch ends in a jump to the
+/// function for the node's kind, into which all of a row of Children is inlined, and handles travel
+/// in registers.
 template <typename Hook>
 class TreeWalker {
 public:
     explicit TreeWalker(const Hook& hookToUse) : hook(hookToUse) {}
 
-    [[gnu::noinline]] void walk(NodeView node) const { dispatch(*this, node); }
+    /// Walks the tree below and including `node`.
+    [[gnu::noinline]] void operator()(NodeView node) const { dispatch(*this, node); }
 
     template <typename View>
-    [[gnu::always_inline]] inline void visit(const View& node) const {
-        enter<View>(node);
+    void visit(const View& node) const {
+        hook(node);
+        Children<View>::visit(node, *this);
     }
 
 private:
-    template <typename View>
-    [[gnu::noinline]] void enter(NodeView node) const {
-        hook(View(node));
-        Children<View>::visit(node, [this](NodeView child) { walk(child); });
-    }
-
     const Hook& hook;
 };
 

@@ -1,0 +1,109 @@
+#include "ast/NodeClass.h"
+#include "testing/PrintTo.h"
+#include "testing/TreeBuilder.h"
+
+#include <gtest/gtest.h>
+
+namespace zt::orvex::internal {
+namespace {
+
+using testing::TreeBuilder;
+
+// By hand, a letter for each kind from 1 to 66: statement, expression, method or other.
+constexpr char CLASSES[] = "EEOOS"
+                           "OSEES"
+                           "OOEEO"
+                           "EESSE"
+                           "SEEOO"
+                           "SEOOO"
+                           "OSOSO"
+                           "SESES"
+                           "OEMMO"
+                           "SEEOE"
+                           "ESSSO"
+                           "OOSES"
+                           "ESSEO"
+                           "S";
+static_assert(sizeof(CLASSES) == 66 + 1);
+
+std::uint8_t expectedWord(int kind) {
+    if (kind < 1 || kind > 66) return 1;
+    switch (CLASSES[kind - 1]) {
+    case 'S':
+        return 3;
+    case 'E':
+        return 5;
+    case 'M':
+        return 17;
+    default:
+        return 1;
+    }
+}
+
+TEST(NodeClass, BitsHaveTheirValues) {
+    EXPECT_EQ(AnyNode, 1);
+    EXPECT_EQ(StatementNode, 2);
+    EXPECT_EQ(ExpressionNode, 4);
+    EXPECT_EQ(MethodNode, 16);
+}
+
+TEST(NodeClass, EveryByteHasItsClassWord) {
+    for (int kind = 0; kind <= 255; ++kind) {
+        EXPECT_EQ(getClassWord(static_cast<NodeKind>(kind)), expectedWord(kind)) << kind;
+    }
+}
+
+TEST(NodeClass, EveryKindIsTestedForEveryCombinationOfFlags) {
+    TreeBuilder t;
+    for (int kind = 0; kind <= 255; ++kind) {
+        const NodeView node = t.unknown(kind);
+        for (int flags = 0; flags <= 255; ++flags) {
+            const bool expected = flags != 0 && (expectedWord(kind) & flags) == flags;
+            const auto byte = static_cast<std::uint8_t>(flags);
+            ASSERT_EQ(kindHasClass(static_cast<NodeKind>(kind), byte), expected)
+                << kind << ' ' << flags;
+            ASSERT_EQ(hasClass(node, byte), expected) << kind << ' ' << flags;
+        }
+    }
+}
+
+TEST(NodeClass, EveryNodeIsAnyNodeAlsoOneOfUnknownKind) {
+    TreeBuilder t;
+    for (const int kind : {0, 1, 66, 67, 255})
+        EXPECT_TRUE(hasClass(t.unknown(kind), AnyNode));
+}
+
+TEST(NodeClass, NoFlagsAreInNoWord) {
+    for (int word = 0; word <= 255; ++word) {
+        EXPECT_FALSE(flagsContain(static_cast<std::uint8_t>(word), 0));
+    }
+}
+
+TEST(NodeClass, AllFlagsMustBeInTheWord) {
+    EXPECT_TRUE(flagsContain(3, 3));
+    EXPECT_TRUE(flagsContain(3, 2));
+    EXPECT_FALSE(flagsContain(3, 6));
+    EXPECT_FALSE(flagsContain(3, 8));
+    EXPECT_TRUE(flagsContain(255, 255));
+}
+
+TEST(NodeClass, BitOfValue8BelongsToNoKind) {
+    for (int kind = 0; kind <= 255; ++kind) {
+        EXPECT_FALSE(kindHasClass(static_cast<NodeKind>(kind), 8));
+    }
+}
+
+TEST(NodeClass, FunctionDefinitionIsNoMethodAndRowIsAnExpression) {
+    EXPECT_FALSE(kindHasClass(NodeKind::FunctionDefinition, MethodNode));
+    EXPECT_TRUE(kindHasClass(NodeKind::Row, ExpressionNode));
+}
+
+TEST(NodeClass, IsKindComparesTheKindOfTheNode) {
+    TreeBuilder t;
+    EXPECT_TRUE(isKind(t.id("x"), NodeKind::Identifier));
+    EXPECT_FALSE(isKind(t.id("x"), NodeKind::Matrix));
+    EXPECT_TRUE(isKind(t.unknown(0), NodeKind::Invalid));
+}
+
+} // namespace
+} // namespace zt::orvex::internal
