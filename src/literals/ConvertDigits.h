@@ -13,16 +13,6 @@ namespace zt::orvex::internal {
 [[noreturn]] void throwConversionError(std::string_view digits);
 [[noreturn]] void throwConversionError(std::u16string_view digits);
 
-/// The value of a digit, at least NO_DIGIT for a character that is none.
-template <class Radix, class CharT>
-constexpr unsigned digitValue(CharT c) {
-    const auto code = static_cast<std::make_unsigned_t<CharT>>(c);
-    if constexpr (sizeof(CharT) > 1) {
-        if (code >= Radix::DIGIT_VALUES.size()) return NO_DIGIT;
-    }
-    return Radix::DIGIT_VALUES[code];
-}
-
 /// The bits that `digits` spell in a `Target`; no digits spell 0.
 ///
 /// Throws NumberConversionError when a bit that is set would be shifted out, and for a character
@@ -34,8 +24,8 @@ Target convertDigits(std::basic_string_view<CharT> digits) {
     constexpr std::size_t TOP_DIGIT = std::numeric_limits<Bits>::digits - SHIFT;
     Bits bits = 0;
     for (const CharT c : digits) {
-        const unsigned digit = digitValue<Radix>(c);
-        if ((bits >> TOP_DIGIT) != 0 || digit == NO_DIGIT) throwConversionError(digits);
+        const unsigned digit = Radix::digitValue(static_cast<std::make_unsigned_t<CharT>>(c));
+        if ((bits >> TOP_DIGIT) != 0 || digit >= Radix::RADIX) throwConversionError(digits);
         bits = static_cast<Bits>(static_cast<Bits>(bits << SHIFT) | static_cast<Bits>(digit));
     }
     return static_cast<Target>(bits);

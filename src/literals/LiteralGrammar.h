@@ -18,33 +18,40 @@ constexpr std::string_view WIDE_DOUBLE_PATTERN =
 constexpr std::string_view RADIX_PREFIX_PATTERN = "0[xXbB]";
 constexpr std::string_view TYPE_SUFFIX_PATTERN = "|[uUsS](8|16|32|64)"; // empty: no suffix
 
-/// The values of a radix' digits, by character code; all other characters have NO_DIGIT.
-using DigitValues = std::array<std::uint8_t, 256>;
-constexpr std::uint8_t NO_DIGIT = 0xFF;
+struct Binary {
+    static constexpr std::string_view PATTERN = "0[bB][01]+([uUsS](8|16|32|64))?";
+    static constexpr unsigned RADIX = 2;
+    static constexpr std::size_t BITS_PER_DIGIT = 1;
 
-constexpr DigitValues makeDigitValues(std::size_t radix) {
-    constexpr std::string_view UPPER = "0123456789ABCDEF";
-    constexpr std::string_view LOWER = "0123456789abcdef";
-    DigitValues values{};
-    for (std::uint8_t& value : values)
-        value = NO_DIGIT;
-    for (std::size_t digit = 0; digit < radix; ++digit) {
-        values[static_cast<unsigned char>(UPPER[digit])] = static_cast<std::uint8_t>(digit);
-        values[static_cast<unsigned char>(LOWER[digit])] = static_cast<std::uint8_t>(digit);
+    /// The value of a digit; at least RADIX for the code of any other character.
+    static constexpr unsigned digitValue(std::uint32_t code) { return code - U'0'; }
+};
+
+using HexDigitValues = std::array<std::uint8_t, 256>;
+
+constexpr HexDigitValues makeHexDigitValues() {
+    constexpr std::uint8_t NO_DIGIT = 16;
+    HexDigitValues values{};
+    for (std::size_t code = 0; code < values.size(); ++code)
+        values[code] = NO_DIGIT;
+    for (std::uint8_t digit = 0; digit < 16; ++digit) {
+        values[static_cast<std::size_t>("0123456789ABCDEF"[digit])] = digit;
+        values[static_cast<std::size_t>("0123456789abcdef"[digit])] = digit;
     }
     return values;
 }
 
-struct Binary {
-    static constexpr std::string_view PATTERN = "0[bB][01]+([uUsS](8|16|32|64))?";
-    static constexpr std::size_t BITS_PER_DIGIT = 1;
-    static constexpr DigitValues DIGIT_VALUES = makeDigitValues(2);
-};
+inline constexpr HexDigitValues HEX_DIGIT_VALUES = makeHexDigitValues();
 
 struct Hexadecimal {
     static constexpr std::string_view PATTERN = "0[xX][0-9A-Fa-f]+([uUsS](8|16|32|64))?";
+    static constexpr unsigned RADIX = 16;
     static constexpr std::size_t BITS_PER_DIGIT = 4;
-    static constexpr DigitValues DIGIT_VALUES = makeDigitValues(16);
+
+    /// The value of a digit; at least RADIX for the code of any other character.
+    static constexpr unsigned digitValue(std::uint32_t code) {
+        return code < HEX_DIGIT_VALUES.size() ? HEX_DIGIT_VALUES[code] : RADIX;
+    }
 };
 
 /// How many digits of the radix fit a type of `bits` bits.

@@ -34,14 +34,12 @@ constexpr LiteralParts<CharT> splitLiteral(std::basic_string_view<CharT> text) {
     parts.prefix = text.substr(0, PREFIX);
     if (size <= PREFIX) return parts;
 
-    std::size_t suffix = 0;
-    if (isSuffixLetter(text[size - 3])) {
-        suffix = 3;
-    } else if (isSuffixLetter(text[size - 2])) {
-        suffix = 2;
-    }
-    parts.suffix = text.substr(size - suffix);
-    parts.digits = text.substr(PREFIX, std::min(size - PREFIX, size - PREFIX - suffix));
+    const bool isInThirdPlace = isSuffixLetter(text[size - 3]);
+    const bool isInSecondPlace = isSuffixLetter(text[size - 2]);
+    const std::size_t suffix = isInThirdPlace ? 3U : isInSecondPlace ? 2U : 0U;
+    const std::size_t digits = std::min(size - PREFIX, size - PREFIX - suffix);
+    parts.digits = std::basic_string_view<CharT>(text.data() + PREFIX, digits);
+    parts.suffix = std::basic_string_view<CharT>(text.data() + (size - suffix), suffix);
     return parts;
 }
 
