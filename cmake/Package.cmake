@@ -1,4 +1,10 @@
-# Headers, library, find_package files and a pkg-config file.
+# Headers, library, find_package files and a pkg-config file. All can be moved together afterwards:
+# what they say of each other's place is relative.
+option(ZT_ORVEX_INSTALL "Install the library" ${PROJECT_IS_TOP_LEVEL})
+if(NOT ZT_ORVEX_INSTALL)
+    return()
+endif()
+
 include(CMakePackageConfigHelpers)
 set(package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/zt_orvex")
 
@@ -21,7 +27,36 @@ install(FILES
     "${PROJECT_BINARY_DIR}/zt_orvexConfigVersion.cmake"
     DESTINATION "${package_dir}")
 
+# zt_orvex_pkg_config_place(<variable> <folder>): the folder as the pkg-config file names it, seen
+# from the file itself unless it is absolute.
+function(zt_orvex_pkg_config_place variable folder)
+    if(IS_ABSOLUTE "${folder}")
+        set(${variable} "${folder}" PARENT_SCOPE)
+    else()
+        set(${variable} "\${prefix}/${folder}" PARENT_SCOPE)
+    endif()
+endfunction()
+
+set(pkg_config_dir "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+if(IS_ABSOLUTE "${pkg_config_dir}")
+    set(pkg_config_prefix "${CMAKE_INSTALL_PREFIX}")
+else()
+    file(RELATIVE_PATH way_up "/${pkg_config_dir}" "/")
+    string(REGEX REPLACE "/$" "" way_up "${way_up}")
+    set(pkg_config_prefix "\${pcfiledir}/${way_up}")
+endif()
+zt_orvex_pkg_config_place(pkg_config_libdir "${CMAKE_INSTALL_LIBDIR}")
+zt_orvex_pkg_config_place(pkg_config_includedir "${CMAKE_INSTALL_INCLUDEDIR}")
+
+# Boost has no pkg-config file to require. The public headers need its headers: where the compiler
+# doesn't look for them by itself, the flags say where they are.
+set(pkg_config_boost)
+foreach(folder IN LISTS Boost_INCLUDE_DIRS)
+    if(NOT folder IN_LIST CMAKE_CXX_IMPLICIT_INCLUDE_DIRECTORIES)
+        string(APPEND pkg_config_boost " -I${folder}")
+    endif()
+endforeach()
+
 configure_file("${PROJECT_SOURCE_DIR}/cmake/zt_orvex.pc.in"
     "${PROJECT_BINARY_DIR}/zt_orvex.pc" @ONLY)
-install(FILES "${PROJECT_BINARY_DIR}/zt_orvex.pc"
-    DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+install(FILES "${PROJECT_BINARY_DIR}/zt_orvex.pc" DESTINATION "${pkg_config_dir}")
