@@ -1,0 +1,115 @@
+# One step of the tests of the installed library. The folders lie in WORK_DIR, whose name has a blank
+# in it on purpose once the installation has moved.
+cmake_minimum_required(VERSION 3.22)
+set(first_place "${WORK_DIR}/first")
+set(prefix "${WORK_DIR}/moved here")
+set(consumer_dir "${SOURCE_DIR}/tests/install/consumer")
+set(base_dir "${SOURCE_DIR}/examples/base")
+set(expected_output "consumer: all as expected\n")
+
+# Runs a command that must succeed.
+function(run)
+    execute_process(COMMAND ${ARGN} RESULT_VARIABLE result)
+    if(NOT result EQUAL 0)
+        message(FATAL_ERROR "failed with ${result}: ${ARGN}")
+    endif()
+endfunction()
+
+# Runs a program of the consumer's, which must succeed and say so.
+function(run_consumer program)
+    execute_process(COMMAND "${program}" OUTPUT_VARIABLE output RESULT_VARIABLE result)
+    if(NOT result EQUAL 0 OR NOT output STREQUAL expected_output)
+        message(FATAL_ERROR "${program} ended with ${result} and printed: ${output}")
+    endif()
+endfunction()
+
+function(configure_consumer source build)
+    file(REMOVE_RECURSE "${build}")
+    execute_process(
+        COMMAND "${CMAKE_COMMAND}" -S "${source}" -B "${build}" -G "${GENERATOR}"
+            -D "CMAKE_CXX_COMPILER=${COMPILER}"
+            -D "CMAKE_CXX_FLAGS=${FLAGS}"
+            -D "CMAKE_PREFIX_PATH=${prefix}"
+            -D "BASE_DIR=${base_dir}"
+            -D "ZT_ORVEX_SOURCE_DIR=${SOURCE_DIR}"
+            ${ARGN}
+        RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
+    set(configure_result "${result}" PARENT_SCOPE)
+    set(configure_output "${output}" PARENT_SCOPE)
+endfunction()
+
+function(step_install)
+    file(REMOVE_RECURSE "${WORK_DIR}")
+    run("${CMAKE_COMMAND}" --install "${BUILD_DIR}" --config "${CONFIG}" --prefix "${first_place}")
+    file(RENAME "${first_place}" "${prefix}")
+endfunction()
+
+function(step_files)
+    foreach(file
+            "include/zt_orvex/zt_orvex.h"
+            "include/zt_orvex/ast/NodeKinds.def"
+            "${LIBDIR}/libzt_orvex.so"
+            "${LIBDIR}/${SONAME}"
+            "${LIBDIR}/cmake/zt_orvex/zt_orvexConfig.cmake"
+            "${LIBDIR}/pkgconfig/zt_orvex.pc")
+        if(NOT EXISTS "${prefix}/${file}")
+            message(FATAL_ERROR "not installed: ${file}")
+        endif()
+    endforeach()
+
+    # Nothing in a text file may lead back to where things were built, or installed at first.
+    file(GLOB_RECURSE texts "${prefix}/*.cmake" "${prefix}/*.pc")
+    foreach(text IN LISTS texts)
+        file(READ "${text}" content)
+        foreach(place "${SOURCE_DIR}" "${BUILD_DIR}" "${first_place}")
+            string(FIND "${content}" "${place}" position)
+            if(NOT position EQUAL -1)
+                message(FATAL_ERROR "${text} names ${place}")
+            endif()
+        endforeach()
+    endforeach()
+endfunction()
+
+function(step_find_package)
+    set(build "${WORK_DIR}/find_package")
+    configure_consumer("${consumer_dir}" "${build}")
+    if(NOT configure_result EQUAL 0)
+        message(FATAL_ERROR "${configure_output}")
+    endif()
+    run("${CMAKE_COMMAND}" --build "${build}")
+    run_consumer("${build}/consumer")
+endfunction()
+
+function(step_version)
+    set(source "${WORK_DIR}/version_source")
+    file(WRITE "${source}/CMakeLists.txt"
+        "cmake_minimum_required(VERSION 3.22)\nproject(consumer LANGUAGES CXX)\n"
+        "find_package(zt_orvex 2.0 CONFIG REQUIRED)\n")
+    configure_consumer("${source}" "${WORK_DIR}/version")
+    if(configure_result EQUAL 0 OR NOT configure_output MATCHES "version: 1\\.[0-9]+\\.[0-9]+")
+        message(FATAL_ERROR "version 2.0 was not refused: ${configure_output}")
+    endif()
+endfunction()
+
+function(step_pkg_config)
+    find_program(pkg_config NAMES pkg-config pkgconf REQUIRED)
+    set(ENV{PKG_CONFIG_PATH} "${prefix}/${LIBDIR}/pkgconfig")
+    execute_process(COMMAND "${pkg_config}" --cflags --libs "zt_orvex >= 1.0"
+        OUTPUT_VARIABLE flags COMMAND_ERROR_IS_FATAL ANY)
+    separate_arguments(flags UNIX_COMMAND "${flags} ${FLAGS}")
+    set(program "${WORK_DIR}/pkg_config_consumer")
+    run("${COMPILER}" -std=c++17 "${consumer_dir}/main.cpp" "-I${base_dir}" -o "${program}"
+        ${flags} "-Wl,-rpath,${prefix}/${LIBDIR}")
+    run_consumer("${program}")
+endfunction()
+
+# Configuring is enough to see what a consumer would get: the library's target, and none of ours
+# for development. Nothing is built, since that would build the library once more.
+function(step_subdirectory)
+    configure_consumer("${SOURCE_DIR}/tests/install/subdirectory" "${WORK_DIR}/subdirectory")
+    if(NOT configure_result EQUAL 0)
+        message(FATAL_ERROR "${configure_output}")
+    endif()
+endfunction()
+
+cmake_language(CALL step_${STEP})
