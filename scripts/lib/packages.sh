@@ -1,0 +1,70 @@
+# Sourced by the scripts beside this folder: what they need from Debian 12, and how to get it.
+
+# One package a line, with what it is for. These build and test the library.
+BUILD_PACKAGES='
+g++                 the compiler
+cmake               describes the build
+ninja-build         runs it
+libboost1.81-dev    Regex, Pool, optional, variant and string_ref, headers only
+libfast-float-dev   decimal text to double, headers only
+libgtest-dev        the tests
+libgmock-dev        the matchers of the tests
+libcli11-dev        the command line of the example
+nlohmann-json3-dev  the JSON output of the example
+pkg-config          the test that finds the installed library with it
+'
+
+# Continuous integration wants these, too.
+CI_PACKAGES='
+clang               a second compiler with warnings of its own
+libclang-rt-14-dev  its sanitizers, for the fuzzers
+clang-format        the check of the formatting
+git                 tells which files belong to the project
+'
+
+package_names() {
+    awk 'NF { print $1 }' <<<"$1"
+}
+
+# Whether dpkg has installed the package. The presence of a tool would tell less: a header-only
+# library has none, and a tool can come from elsewhere and be of another version.
+is_installed() {
+    [ "$(dpkg-query --show --showformat='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
+}
+
+# Runs a command as root: as it is, or under sudo.
+as_root() {
+    if [ "$(id -u)" -eq 0 ]; then
+        "$@"
+    else
+        sudo "$@"
+    fi
+}
+
+# Installs what is missing of the packages in a list such as BUILD_PACKAGES. Touches nothing, and
+# needs neither root nor network, when nothing is.
+ensure_packages() {
+    local missing=() name
+    if ! command -v dpkg-query >/dev/null; then
+        echo "This is no Debian system; going on in the hope that these are here:" >&2
+        awk 'NF { print "  " $0 }' <<<"$1" >&2
+        return 0
+    fi
+    for name in $(package_names "$1"); do
+        is_installed "$name" || missing+=("$name")
+    done
+    [ ${#missing[@]} -gt 0 ] || return 0
+
+    if [ "$(id -u)" -ne 0 ] && ! command -v sudo >/dev/null; then
+        echo "Missing packages, and neither root nor sudo to install them. As root, run:" >&2
+        echo "  apt-get update && apt-get install ${missing[*]}" >&2
+        return 1
+    fi
+    echo "== Installing ${missing[*]}"
+    if ! { as_root apt-get update &&
+        as_root env DEBIAN_FRONTEND=noninteractive \
+            apt-get install --yes --no-install-recommends "${missing[@]}"; }; then
+        echo "Could not install ${missing[*]}. They are part of Debian 12; see the message above." >&2
+        return 1
+    fi
+}
