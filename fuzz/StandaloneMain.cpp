@@ -1,0 +1,87 @@
+// Runs a fuzzer without a fuzzing engine.
+//
+//   X_standalone [--bytes TEXT] [--seed N] [--rounds N]   on random inputs
+//   X_standalone FILE...                                  on these
+//
+// Half of the random inputs consist of all bytes alike; the other half of zeros and the bytes of
+// TEXT, so that what matters to the fuzzer meets often.
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
+#include <iterator>
+#include <random>
+#include <vector>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+struct Options {
+    Bytes bytes{0, 0, 0, 0};
+    unsigned long seed = 1;
+    unsigned long rounds = 50000;
+};
+
+void fill(Bytes& input, const Bytes& from, std::mt19937& random) {
+    for (std::uint8_t& byte : input)
+        byte = from[random() % from.size()];
+}
+
+void runOnRandomInputs(const Options& options) {
+    std::printf("seed %lu, %lu rounds\n", options.seed, options.rounds);
+    std::fflush(stdout);
+
+    Bytes all;
+    for (unsigned byte = 0; byte < 256; ++byte)
+        all.push_back(static_cast<std::uint8_t>(byte));
+    std::mt19937 random(static_cast<std::mt19937::result_type>(options.seed));
+    for (unsigned long round = 0; round < options.rounds; ++round) {
+        Bytes input(random() % 64);
+        fill(input, round % 2 == 0 ? options.bytes : all, random);
+        LLVMFuzzerTestOneInput(input.data(), input.size());
+    }
+}
+
+bool runOnFile(const char* name) {
+    std::ifstream file(name, std::ios::binary);
+    if (!file) {
+        std::fprintf(stderr, "cannot read %s\n", name);
+        return false;
+    }
+    const Bytes input((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+    LLVMFuzzerTestOneInput(input.data(), input.size());
+    return true;
+}
+
+/// Whether the argument was an option, whose value follows it.
+bool takeOption(Options& options, const char* name, const char* value) {
+    if (std::strcmp(name, "--bytes") == 0)
+        options.bytes.insert(options.bytes.end(), value, value + std::strlen(value));
+    else if (std::strcmp(name, "--seed") == 0)
+        options.seed = std::strtoul(value, nullptr, 10);
+    else if (std::strcmp(name, "--rounds") == 0)
+        options.rounds = std::strtoul(value, nullptr, 10);
+    else
+        return false;
+    return true;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    Options options;
+    int next = 1;
+    while (next + 1 < argc && takeOption(options, argv[next], argv[next + 1]))
+        next += 2;
+    if (next == argc) runOnRandomInputs(options);
+
+    bool isRead = true;
+    for (; next < argc; ++next)
+        isRead = runOnFile(argv[next]) && isRead;
+    return isRead ? 0 : 1;
+}
