@@ -22,6 +22,10 @@
 #include <zt_orvex/ast/RangeViews.h>
 #include <zt_orvex/ast/SymbolView.h>
 #include <zt_orvex/ast/TypedViews.h>
+#include <zt_orvex/equivalence/AstEquivalence.h>
+#include <zt_orvex/equivalence/EquivalenceFullLogger.h>
+#include <zt_orvex/equivalence/EquivalenceLogger.h>
+#include <zt_orvex/equivalence/EquivalenceNullLogger.h>
 #include <zt_orvex/flow/BitSet.h>
 #include <zt_orvex/flow/Digraph.h>
 #include <zt_orvex/flow/ElementHash.h>
@@ -45,6 +49,8 @@
 #include <zt_orvex/literals/LiteralValue.h>
 #include <zt_orvex/literals/NumberConversionError.h>
 #include <zt_orvex/literals/ValueToStringVisitor.h>
+#include <zt_orvex/pragma/Pragma.h>
+#include <zt_orvex/pragma/PragmaKind.h>
 #include <zt_orvex/support/AllocatorStatistics.h>
 #include <zt_orvex/support/ConvertibleBasicStringView.h>
 #include <zt_orvex/support/Export.h>

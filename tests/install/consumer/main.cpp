@@ -82,6 +82,9 @@ void checkLeaves() {
     expect("quote", quote(std::u16string(u"it's"), u'\''), std::u16string(u"'it''s'"));
     expect("parseDoubleLiteral", internal::parseDoubleLiteral(u"1.5d+3"), 1500.0);
 
+    const auto pragma = parsePragma(u"%#codegen  fast", 7);
+    expect("parsePragma", pragma && pragma->getTrimmedArgumentsText() == u"fast", true);
+
     std::basic_ostringstream<char16_t> out;
     out.imbue(getChar16Locale());
     out << std::setfill(u'*') << std::setw(4) << 42 << NodeKind::IfStatement;
