@@ -33,6 +33,7 @@
 #include <zt_orvex/flow/Factory.h>
 #include <zt_orvex/flow/Lattice.h>
 #include <zt_orvex/flow/OrderedSet.h>
+#include <zt_orvex/flow/PooledSequence.h>
 #include <zt_orvex/flow/PowerSetLattice.h>
 #include <zt_orvex/flow/SmallOrderedSet.h>
 #include <zt_orvex/flow/SystemOfEquations.h>
