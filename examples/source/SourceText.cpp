@@ -1,0 +1,111 @@
+#include "source/SourceText.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace ostrel {
+
+namespace {
+
+/// One code point's form in UTF-8: its lead byte, its length and what it may stand for.
+struct LeadByte {
+    unsigned char mask;
+    unsigned char bits;
+    std::size_t length;
+    char32_t lowest;
+};
+
+constexpr LeadByte LEAD_BYTES[] = {
+    {0x80, 0x00, 1, 0x0},
+    {0xE0, 0xC0, 2, 0x80},
+    {0xF0, 0xE0, 3, 0x800},
+    {0xF8, 0xF0, 4, 0x10000},
+};
+
+bool isScalarValue(char32_t value) {
+    return value <= 0x10FFFF && !(value >= 0xD800 && value <= 0xDFFF);
+}
+
+/// Reads one code point. Gives its length, or 0 where there is none.
+std::size_t readCodePoint(std::string_view utf8, std::size_t at, char32_t& value) {
+    const auto byte = [&](std::size_t index) { return static_cast<unsigned char>(utf8[index]); };
+    for (const LeadByte& lead : LEAD_BYTES) {
+        if ((byte(at) & lead.mask) != lead.bits) continue;
+        if (at + lead.length > utf8.size()) return 0;
+        value = static_cast<char32_t>(byte(at) & ~lead.mask & 0xFF);
+        for (std::size_t i = 1; i < lead.length; ++i) {
+            if ((byte(at + i) & 0xC0) != 0x80) return 0;
+            value = (value << 6) | (byte(at + i) & 0x3F);
+        }
+        return value >= lead.lowest && isScalarValue(value) ? lead.length : 0;
+    }
+    return 0;
+}
+
+void appendUtf16(std::u16string& units, char32_t value) {
+    if (value < 0x10000) {
+        units.push_back(static_cast<char16_t>(value));
+        return;
+    }
+    value -= 0x10000;
+    units.push_back(static_cast<char16_t>(0xD800 + (value >> 10)));
+    units.push_back(static_cast<char16_t>(0xDC00 + (value & 0x3FF)));
+}
+
+/// Appends the code points up to the first wrong byte and gives its index.
+std::size_t decode(std::string_view utf8, std::u16string& units) {
+    std::size_t at = 0;
+    while (at < utf8.size()) {
+        char32_t value = 0;
+        const std::size_t length = readCodePoint(utf8, at, value);
+        if (length == 0) break;
+        appendUtf16(units, value);
+        at += length;
+    }
+    return at;
+}
+
+bool isLowSurrogate(char16_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
+
+} // namespace
+
+SourceText::SourceText(std::u16string utf16) : units(std::move(utf16)), lineStarts{0} {
+    for (std::size_t i = 0; i < units.size(); ++i) {
+        const bool isCrOfCrLf = units[i] == u'\r' && at(i + 1) == u'\n';
+        if (units[i] == u'\n' || (units[i] == u'\r' && !isCrOfCrLf)) lineStarts.push_back(i + 1);
+    }
+}
+
+std::optional<SourceText> SourceText::fromUtf8(std::string_view utf8) {
+    std::u16string units;
+    units.reserve(utf8.size());
+    if (decode(utf8, units) != utf8.size()) return std::nullopt;
+    const bool hasByteOrderMark = !units.empty() && units.front() == 0xFEFF;
+    if (hasByteOrderMark) units.erase(units.begin());
+    return SourceText(std::move(units));
+}
+
+std::size_t SourceText::validUtf8Prefix(std::string_view utf8) {
+    std::u16string units;
+    return decode(utf8, units);
+}
+
+std::u16string_view SourceText::line(std::size_t line) const {
+    const std::size_t begin = lineStarts[line - 1];
+    std::size_t end = line < lineStarts.size() ? lineStarts[line] : units.size();
+    while (end > begin && (units[end - 1] == u'\n' || units[end - 1] == u'\r'))
+        --end;
+    return std::u16string_view(units).substr(begin, end - begin);
+}
+
+Position SourceText::position(std::size_t offset) const {
+    const auto next = std::upper_bound(lineStarts.begin(), lineStarts.end(), offset);
+    const std::size_t start = *std::prev(next);
+    const auto from = units.begin() + static_cast<std::ptrdiff_t>(start);
+    const auto to = units.begin() + static_cast<std::ptrdiff_t>(std::min(offset, units.size()));
+    const auto lowSurrogates = std::count_if(from, to, isLowSurrogate);
+    return {static_cast<std::size_t>(next - lineStarts.begin()),
+            static_cast<std::size_t>(to - from - lowSurrogates) + 1};
+}
+
+} // namespace ostrel
