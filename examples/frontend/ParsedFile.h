@@ -56,7 +56,7 @@ struct ParsedFile {
     bool isUtf8 = true; ///< When not, there is one diagnostic, and the program is empty.
     SourceText source;
     std::unique_ptr<Tree> tree; ///< Never null.
-    zt::orvex::NodeView root;   ///< The Program: what could be parsed.
+    zt::orvex::NodeView root{}; ///< The Program: what could be parsed.
 
     std::vector<Scope> scopes;           ///< In source order.
     std::vector<Construct> constructs;   ///< In source order.

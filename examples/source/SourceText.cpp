@@ -1,5 +1,7 @@
 #include "source/SourceText.h"
 
+#include "source/Utf8.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -64,8 +66,6 @@ std::size_t decode(std::string_view utf8, std::u16string& units) {
     }
     return at;
 }
-
-bool isLowSurrogate(char16_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
 
 } // namespace
 

@@ -57,8 +57,7 @@ enum class ScopeKind : std::uint8_t {
 
 struct ScopeData {
     ScopeKind kind;
-    ScopeId parent; ///< Where a name is looked up next, of an `Anonymous` scope alone.
-    NameId name;    ///< The function's bare name; the empty name for a script.
+    NameId name; ///< The function's bare name; the empty name for a script.
 };
 
 struct SymbolData {

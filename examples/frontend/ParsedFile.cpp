@@ -1,0 +1,91 @@
+#include "frontend/ParsedFile.h"
+
+#include "source/Utf8.h"
+#include "symbols/ResolveSymbols.h"
+#include "syntax/Characters.h"
+#include "syntax/FileParser.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace ostrel {
+
+namespace {
+
+void addScopes(ParsedFile& file, const std::vector<ResolvedScope>& resolved,
+               std::vector<std::size_t>& indices) {
+    const TreeStorage& parts = file.tree->parts();
+    for (ScopeId id = 0; id < resolved.size(); ++id) {
+        indices.push_back(file.scopes.size());
+        const ScopeData& data = parts.scopes[id];
+        if (data.kind != ScopeKind::Script && data.kind != ScopeKind::Function) continue;
+        Scope scope{toUtf8(parts.names[data.name]), {}, file.tree->symbolView(resolved[id].ans)};
+        for (const SymbolId symbol : resolved[id].universe) {
+            scope.universe.push_back(file.tree->symbolView(symbol));
+        }
+        file.scopes.push_back(std::move(scope));
+    }
+}
+
+void addConstructs(ParsedFile& file, const std::vector<FoundConstruct>& found,
+                   const std::vector<std::size_t>& scopeIndices) {
+    for (const FoundConstruct& construct : found) {
+        const zt::orvex::NodeView node = file.tree->view(construct.node);
+        file.constructs.push_back(
+            {node, file.tree->beginOffset(node), scopeIndices[construct.scope]});
+    }
+    std::sort(file.constructs.begin(), file.constructs.end(),
+              [](const Construct& a, const Construct& b) { return a.offset < b.offset; });
+}
+
+void addPragmas(ParsedFile& file, const std::vector<std::size_t>& offsets) {
+    for (const std::size_t offset : offsets) {
+        const std::size_t end = skipToLineEnd(file.source, offset);
+        file.pragmas.push_back({offset, file.source.text().substr(offset, end - offset)});
+    }
+}
+
+void addDiagnostics(ParsedFile& file, std::vector<Diagnostic> diagnostics) {
+    std::stable_sort(diagnostics.begin(), diagnostics.end(),
+                     [](const Diagnostic& a, const Diagnostic& b) { return a.offset < b.offset; });
+    for (Diagnostic& diagnostic : diagnostics) {
+        const Position position = file.source.position(diagnostic.offset);
+        diagnostic.line = position.line;
+        diagnostic.column = position.column;
+    }
+    file.diagnostics = std::move(diagnostics);
+}
+
+/// Gives the text, or of a text that is not UTF-8 none, and says where it goes wrong.
+SourceText readText(ParsedFile& file, std::string_view utf8) {
+    if (auto text = SourceText::fromUtf8(utf8)) return *std::move(text);
+    file.isUtf8 = false;
+    const std::string_view valid = utf8.substr(0, SourceText::validUtf8Prefix(utf8));
+    const SourceText beginning = *SourceText::fromUtf8(valid);
+    const Position position = beginning.position(beginning.size());
+    file.diagnostics.push_back({beginning.size(), position.line, position.column, Severity::Error,
+                                "the file is not UTF-8 from here on"});
+    return SourceText();
+}
+
+} // namespace
+
+ParsedFile parseOstrel(std::string path, std::string_view utf8Text) {
+    ParsedFile file;
+    file.path = std::move(path);
+    file.source = readText(file, utf8Text);
+    FileParser parser(file.source);
+    const NodeId root = parser.parse();
+    TreeStorage storage = parser.state.builder.release();
+    const std::vector<ResolvedScope> resolved = resolveSymbols(storage);
+    file.tree = std::make_unique<Tree>(std::move(storage), root);
+    file.root = file.tree->root();
+    std::vector<std::size_t> scopeIndices;
+    addScopes(file, resolved, scopeIndices);
+    addConstructs(file, parser.state.constructs, scopeIndices);
+    addPragmas(file, parser.state.pragmas);
+    if (file.isUtf8) addDiagnostics(file, std::move(parser.state.diagnostics));
+    return file;
+}
+
+} // namespace ostrel

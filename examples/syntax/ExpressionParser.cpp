@@ -1,0 +1,466 @@
+#include "syntax/ExpressionParser.h"
+
+#include "syntax/Characters.h"
+#include "syntax/Limits.h"
+#include "syntax/NumberCheck.h"
+
+#include <string>
+#include <vector>
+
+namespace ostrel {
+
+using zt::orvex::BinaryOperator;
+using zt::orvex::NodeKind;
+using zt::orvex::UnaryOperator;
+
+namespace {
+
+std::string tooDeep() {
+    return "the expression is nested deeper than " + std::to_string(MAX_EXPRESSION_HEIGHT) +
+           " levels";
+}
+
+template <typename Operator>
+std::uint8_t code(Operator op) {
+    return static_cast<std::uint8_t>(op);
+}
+
+/// Counts one more level of recursion for as long as it lives. Each level of recursion is a level
+/// of the tree, so both have one limit.
+class Nesting {
+public:
+    Nesting(std::size_t& count, const ParserState& state) : depth(count) {
+        if (depth == MAX_EXPRESSION_HEIGHT) state.fail(tooDeep());
+        ++depth;
+    }
+    ~Nesting() { --depth; }
+    Nesting(const Nesting&) = delete;
+    Nesting& operator=(const Nesting&) = delete;
+
+private:
+    std::size_t& depth;
+};
+
+/// While it lives, names of an anonymous function's parameters mean the parameters.
+class ParametersInForce {
+public:
+    ParametersInForce(ParserState& of, Field inputs, ScopeId scope) : state(of) {
+        for (std::uint32_t i = 0; i < inputs.count; ++i) {
+            const NodeId held = state.builder.child(state.builder.element(inputs.begin + i), 0);
+            if (state.builder.at(held).kind == NodeKind::Identifier) {
+                shadow(state.builder.identifierAt(held).name, scope);
+            }
+        }
+    }
+    ~ParametersInForce() {
+        for (auto entry = shadowed.rbegin(); entry != shadowed.rend(); ++entry) {
+            if (entry->scope == 0) {
+                state.parameters.erase(entry->name);
+            } else {
+                state.parameters[entry->name] = entry->scope;
+            }
+        }
+    }
+    ParametersInForce(const ParametersInForce&) = delete;
+    ParametersInForce& operator=(const ParametersInForce&) = delete;
+
+private:
+    struct Shadowed {
+        NameId name;
+        ScopeId scope; ///< What the name meant before; 0 when it was no parameter.
+    };
+
+    void shadow(NameId name, ScopeId scope) {
+        ScopeId& meaning = state.parameters[name];
+        shadowed.push_back({name, meaning});
+        meaning = scope;
+    }
+
+    ParserState& state;
+    std::vector<Shadowed> shadowed;
+};
+
+} // namespace
+
+// Operators
+
+NodeId ExpressionParser::binary(int loosest) {
+    const Nesting nested(nesting, state);
+    NodeId lhs = prefixed();
+    while (true) {
+        const BinaryRow* row = findRow(BINARY_OPERATORS, state.token().kind);
+        if (row == nullptr || row->level < loosest || beginsNewElement()) return lhs;
+        if (row->level == level::COLON) {
+            lhs = colon(lhs);
+        } else {
+            state.advance();
+            lhs = makeBinary(*row, lhs, binary(row->level + 1));
+        }
+    }
+}
+
+/// `a:b` or `a:step:b`; a fourth part begins a new operation, with this one as its start.
+NodeId ExpressionParser::colon(NodeId start) {
+    state.advance();
+    NodeId step = 0;
+    NodeId stop = binary(level::COLON + 1);
+    if (state.accept(TokenKind::Colon)) {
+        step = stop;
+        stop = binary(level::COLON + 1);
+    }
+    return make(NodeKind::ColonOperation, state.builder.at(start).begin,
+                {TreeBuilder::one(start), TreeBuilder::maybe(step), TreeBuilder::one(stop)});
+}
+
+NodeId ExpressionParser::prefixed() {
+    const UnaryRow* row = findRow(PREFIX_OPERATORS, state.token().kind);
+    return row == nullptr ? power() : prefix(*row, &ExpressionParser::prefixed);
+}
+
+/// A prefix operator, and its operand as `read` reads it.
+NodeId ExpressionParser::prefix(const UnaryRow& row, NodeId (ExpressionParser::*read)()) {
+    const Nesting nested(nesting, state);
+    const std::size_t begin = state.token().begin;
+    state.advance();
+    const NodeId operand = (this->*read)();
+    return make(NodeKind::UnaryOperation, begin, {TreeBuilder::one(operand)}, code(row.op));
+}
+
+NodeId ExpressionParser::power() {
+    NodeId lhs = postfix();
+    while (true) {
+        const TokenKind token = state.token().kind;
+        if (const UnaryRow* transpose = findRow(TRANSPOSE_OPERATORS, token)) {
+            state.advance();
+            lhs = make(NodeKind::UnaryOperation, state.builder.at(lhs).begin,
+                       {TreeBuilder::one(lhs)}, code(transpose->op));
+        } else if (const BinaryRow* row = findRow(POWER_OPERATORS, token)) {
+            state.advance();
+            lhs = makeBinary(*row, lhs, exponent());
+        } else {
+            return lhs;
+        }
+    }
+}
+
+NodeId ExpressionParser::exponent() {
+    const UnaryRow* row = findRow(PREFIX_OPERATORS, state.token().kind);
+    return row == nullptr ? postfix() : prefix(*row, &ExpressionParser::exponent);
+}
+
+/// Whether the operator at hand is the sign of a new element: `[a -b]`, not `[a - b]`.
+bool ExpressionParser::beginsNewElement() const {
+    const bool isSign = state.is(TokenKind::Plus) || state.is(TokenKind::Minus);
+    return isSign && state.partedByBlanks && state.token().blankBefore &&
+           !isBlankBehind(state.source, state.token().end);
+}
+
+// What follows an operand
+
+NodeId ExpressionParser::postfix() {
+    NodeId base = primary();
+    while (true) {
+        const bool isNewElement = state.partedByBlanks && state.token().blankBefore;
+        if (state.is(TokenKind::LeftParen) && !isNewElement) {
+            base = call(base);
+        } else if (state.is(TokenKind::LeftBrace) && !isNewElement) {
+            base = brace(base);
+        } else if (state.is(TokenKind::Dot)) {
+            base = dot(base);
+        } else if (state.is(TokenKind::At) && isNameBefore(base)) {
+            base = atClass(base);
+        } else {
+            return base;
+        }
+    }
+}
+
+NodeId ExpressionParser::call(NodeId base) {
+    const Field arguments = argumentsInParens();
+    return make(NodeKind::ParenOperation, state.builder.at(base).begin,
+                {TreeBuilder::one(base), arguments});
+}
+
+Field ExpressionParser::argumentsInParens() {
+    const Scoped<bool> inParens(state.partedByBlanks, false);
+    const Scoped<std::size_t> subscript(state.subscriptDepth, state.subscriptDepth + 1);
+    state.openBracket();
+    return elementsTo(TokenKind::RightParen, &ExpressionParser::argument);
+}
+
+NodeId ExpressionParser::brace(NodeId base) {
+    const Scoped<bool> inBraces(state.partedByBlanks, true);
+    const Scoped<std::size_t> subscript(state.subscriptDepth, state.subscriptDepth + 1);
+    state.openBracket();
+    const Field arguments = elementsTo(TokenKind::RightBrace, &ExpressionParser::subscript);
+    return make(NodeKind::BraceOperation, state.builder.at(base).begin,
+                {TreeBuilder::one(base), arguments});
+}
+
+NodeId ExpressionParser::dot(NodeId base) {
+    const std::size_t begin = state.builder.at(base).begin;
+    state.advance();
+    if (state.is(TokenKind::LeftParen)) {
+        const NodeId field = inParens();
+        return make(NodeKind::DynamicFieldOperation, begin,
+                    {TreeBuilder::one(base), TreeBuilder::one(field)});
+    }
+    if (!state.is(TokenKind::Identifier))
+        state.fail("expected a field name, found " + state.found());
+    const NodeId field = state.identifierOfToken(Role::Label);
+    return make(NodeKind::DotOperation, begin, {TreeBuilder::one(base), TreeBuilder::one(field)});
+}
+
+/// Whether the `@` at hand stands directly behind a name, which `base` is.
+bool ExpressionParser::isNameBefore(NodeId base) const {
+    return state.builder.at(base).kind == NodeKind::Identifier && !state.token().blankBefore;
+}
+
+NodeId ExpressionParser::atClass(NodeId name) {
+    const Nesting nested(nesting, state);
+    state.advance();
+    const NodeId operand = postfix();
+    return make(NodeKind::BinaryOperation, state.builder.at(name).begin,
+                {TreeBuilder::one(name), TreeBuilder::one(operand)}, code(BinaryOperator::At));
+}
+
+// Lists of expressions
+
+/// Elements up to `closer`, behind its opening bracket, each as `read` reads it.
+Field ExpressionParser::elementsTo(TokenKind closer, NodeId (ExpressionParser::*read)()) {
+    NodeList elements(state);
+    while (!state.is(closer)) {
+        elements.add((this->*read)());
+        if (!goesOn()) break;
+    }
+    state.closeBracket(closer);
+    return elements.store();
+}
+
+/// Whether another element follows: behind a comma, or a blank where blanks part.
+bool ExpressionParser::goesOn() {
+    if (state.accept(TokenKind::Comma)) {
+        const bool isClosed = state.is(TokenKind::RightParen) || state.is(TokenKind::RightBrace);
+        if (isClosed) state.fail("expected an expression, found " + state.found());
+        return true;
+    }
+    return state.partedByBlanks && state.token().blankBefore && !isElementsEnd();
+}
+
+bool ExpressionParser::isElementsEnd() const {
+    return state.is(TokenKind::RightBracket) || state.is(TokenKind::RightBrace) ||
+           state.is(TokenKind::RightParen) || isRowEnd() || state.is(TokenKind::EndOfFile);
+}
+
+bool ExpressionParser::isRowEnd() const {
+    return state.is(TokenKind::Semicolon) || state.is(TokenKind::LineEnd);
+}
+
+Field ExpressionParser::expressionsTo(TokenKind closer) {
+    return elementsTo(closer, &ExpressionParser::expression);
+}
+
+NodeId ExpressionParser::subscript() {
+    return isLoneColon() ? state.leafOfToken(NodeKind::Colon) : expression();
+}
+
+NodeId ExpressionParser::argument() {
+    const bool isNamed = state.is(TokenKind::Identifier) && state.peek().kind == TokenKind::Assign;
+    return isNamed ? namedArgument() : subscript();
+}
+
+NodeId ExpressionParser::namedArgument() {
+    const std::size_t begin = state.token().begin;
+    const NodeId name = state.identifierOfToken(Role::Label);
+    state.advance();
+    const NodeId value = expression();
+    return make(NodeKind::NamedArgument, begin, {TreeBuilder::one(name), TreeBuilder::one(value)});
+}
+
+bool ExpressionParser::isLoneColon() const {
+    if (!state.is(TokenKind::Colon)) return false;
+    const Token behind = state.peek();
+    return behind.kind == TokenKind::Comma || behind.kind == TokenKind::RightParen ||
+           behind.kind == TokenKind::RightBrace || (state.partedByBlanks && behind.blankBefore);
+}
+
+// Operands
+
+NodeId ExpressionParser::primary() {
+    switch (state.token().kind) {
+    case TokenKind::Identifier:
+        return state.identifierOfToken(Role::Mention);
+    case TokenKind::Number:
+        return number();
+    case TokenKind::CharacterText:
+        return literal(NodeKind::CharacterLiteral);
+    case TokenKind::StringText:
+        return literal(NodeKind::StringLiteral);
+    case TokenKind::LeftParen:
+        return parenthesized();
+    case TokenKind::LeftBracket:
+        return matrix(NodeKind::Matrix, TokenKind::RightBracket);
+    case TokenKind::LeftBrace:
+        return matrix(NodeKind::CellArray, TokenKind::RightBrace);
+    case TokenKind::At:
+        return functionHandle();
+    case TokenKind::QuestionMark:
+        return onName(UnaryOperator::QuestionMark);
+    case TokenKind::OpenText:
+        state.fail("the text is not closed");
+    case TokenKind::Keyword:
+        return keyword();
+    default:
+        state.fail("expected an expression, found " + state.found());
+    }
+}
+
+/// `end` in a subscript. A keyword elsewhere is wrong; it is passed over, for it is meant as a name
+/// and opens or closes no block.
+NodeId ExpressionParser::keyword() {
+    if (state.is(Keyword::End) && state.subscriptDepth > 0) {
+        return state.leafOfToken(NodeKind::End);
+    }
+    const std::size_t offset = state.token().begin;
+    const std::string message = "expected an expression, found the keyword " + state.found();
+    state.advance();
+    state.failAt(offset, message);
+}
+
+/// A wrong number is wrong by itself: the rest of the line is read on.
+NodeId ExpressionParser::number() {
+    const Token token = state.token();
+    const char* mistake = checkNumber(state.text(token));
+    if (mistake == nullptr) return literal(NodeKind::NumberLiteral);
+    state.report(token.begin, mistake);
+    return state.leafOfToken(NodeKind::DiscardedExpression);
+}
+
+NodeId ExpressionParser::literal(NodeKind kind) {
+    const Token token = state.token();
+    state.advance();
+    return state.builder.literal(kind, state.text(token), {token.begin, token.end});
+}
+
+NodeId ExpressionParser::parenthesized() {
+    const std::size_t begin = state.token().begin;
+    const NodeId inner = inParens();
+    return make(NodeKind::ParenthesizedExpression, begin, {TreeBuilder::one(inner)});
+}
+
+NodeId ExpressionParser::inParens() {
+    const Scoped<bool> parens(state.partedByBlanks, false);
+    state.openBracket();
+    const NodeId inner = expression();
+    state.closeBracket(TokenKind::RightParen);
+    return inner;
+}
+
+NodeId ExpressionParser::matrix(NodeKind kind, TokenKind closer) {
+    const Scoped<bool> inMatrix(state.partedByBlanks, true);
+    const std::size_t begin = state.token().begin;
+    state.openBracket();
+    NodeList rows(state);
+    while (true) {
+        while (isRowEnd())
+            state.advance();
+        if (state.is(closer)) break;
+        rows.add(row());
+        if (!isRowEnd()) break;
+    }
+    state.closeBracket(closer);
+    return make(kind, begin, {rows.store()});
+}
+
+NodeId ExpressionParser::row() {
+    const std::size_t begin = state.token().begin;
+    NodeList elements(state);
+    do {
+        elements.add(expression());
+    } while (continuesRow());
+    return make(NodeKind::Row, begin, {elements.store()});
+}
+
+/// Whether another element of the row follows. A comma at the end of a row is let pass.
+bool ExpressionParser::continuesRow() {
+    const bool isParted = state.accept(TokenKind::Comma) || state.token().blankBefore;
+    return isParted && !isElementsEnd();
+}
+
+NodeId ExpressionParser::functionHandle() {
+    const std::size_t begin = state.token().begin;
+    if (state.peek().kind != TokenKind::LeftParen) return onName(UnaryOperator::UnaryAt);
+    state.advance();
+    return anonymousFunction(begin);
+}
+
+NodeId ExpressionParser::onName(UnaryOperator op) {
+    const std::size_t begin = state.token().begin;
+    state.advance();
+    if (!state.is(TokenKind::Identifier)) state.fail("expected a name, found " + state.found());
+    const NodeId name = state.identifierOfToken(Role::Mention);
+    return make(NodeKind::UnaryOperation, begin, {TreeBuilder::one(name)}, code(op));
+}
+
+NodeId ExpressionParser::anonymousFunction(std::size_t begin) {
+    const ScopeId inner = state.builder.scope(ScopeKind::Anonymous, u"");
+    const Field inputs = inputParameters(inner);
+    const ParametersInForce inForce(state, inputs, inner);
+    const NodeId body = expression();
+    return make(NodeKind::AnonymousFunction, begin, {inputs, TreeBuilder::one(body)});
+}
+
+Field ExpressionParser::inputParameters(ScopeId owner) {
+    const Scoped<bool> inParens(state.partedByBlanks, false);
+    const Scoped<ScopeId> ofOwner(parameterScope, owner);
+    state.openBracket();
+    return elementsTo(TokenKind::RightParen, &ExpressionParser::inputParameter);
+}
+
+NodeId ExpressionParser::inputParameter() {
+    const std::size_t begin = state.token().begin;
+    NodeId held = 0;
+    if (state.is(TokenKind::Tilde)) {
+        held = state.leafOfToken(NodeKind::IgnoredArgument);
+    } else if (state.is(TokenKind::Identifier)) {
+        held = state.identifierOfToken(Role::Written, parameterScope);
+    } else {
+        state.fail("expected a parameter, found " + state.found());
+    }
+    return make(NodeKind::InputParameter, begin, {TreeBuilder::one(held)});
+}
+
+// Targets
+
+NodeId ExpressionParser::assignedName(NodeId target) const {
+    while (true) {
+        switch (state.builder.at(target).kind) {
+        case NodeKind::Identifier:
+            return target;
+        case NodeKind::BraceOperation:
+        case NodeKind::DotOperation:
+        case NodeKind::DynamicFieldOperation:
+        case NodeKind::ParenOperation:
+            target = state.builder.child(target, 0);
+            break;
+        default:
+            return 0;
+        }
+    }
+}
+
+// Nodes
+
+NodeId ExpressionParser::makeBinary(const BinaryRow& row, NodeId lhs, NodeId rhs) {
+    return make(NodeKind::BinaryOperation, state.builder.at(lhs).begin,
+                {TreeBuilder::one(lhs), TreeBuilder::one(rhs)}, code(row.op));
+}
+
+NodeId ExpressionParser::make(NodeKind kind, std::size_t begin, std::initializer_list<Field> fields,
+                              std::uint8_t op) {
+    const NodeId node = state.builder.node(kind, state.extentFrom(begin), fields, op);
+    if (state.builder.at(node).height > MAX_EXPRESSION_HEIGHT) state.failAt(begin, tooDeep());
+    return node;
+}
+
+} // namespace ostrel

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <string_view>
+
+namespace ostrel {
+
+/// What is wrong with a text that begins like a number; null when nothing is.
+const char* checkNumber(std::u16string_view text);
+
+} // namespace ostrel

@@ -1,0 +1,115 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+namespace ostrel {
+
+enum class TokenKind : std::uint8_t {
+    EndOfFile,
+    LineEnd,
+    Semicolon,
+    Comma,
+    Identifier,
+    Keyword,
+    Number,        ///< What begins like a number; whether it is one is asked later.
+    CharacterText, ///< '...'
+    StringText,    ///< "..."
+    OpenText,      ///< A quote without its partner, and the rest of its line.
+    Unknown,       ///< A character that begins no token.
+    LeftParen,
+    RightParen,
+    LeftBracket,
+    RightBracket,
+    LeftBrace,
+    RightBrace,
+    Assign,
+    Dot,
+    Colon,
+    At,
+    QuestionMark,
+    ExclamationMark,
+    Tilde,
+    Apostrophe, ///< The transpose operator, not a quote.
+    DotApostrophe,
+    Plus,
+    Minus,
+    Star,
+    Slash,
+    Backslash,
+    Caret,
+    DotStar,
+    DotSlash,
+    DotBackslash,
+    DotCaret,
+    LessEqual,
+    Less,
+    GreaterEqual,
+    Greater,
+    EqualEqual,
+    TildeEqual,
+    AndAnd,
+    And,
+    OrOr,
+    Or,
+};
+
+enum class Keyword : std::uint8_t {
+    None,
+    Break,
+    Case,
+    Catch,
+    Class,
+    Continue,
+    Else,
+    ElseIf,
+    End,
+    For,
+    Function,
+    Global,
+    If,
+    Otherwise,
+    Parfor,
+    Persistent,
+    Return,
+    Spmd,
+    Switch,
+    Try,
+    While,
+};
+
+struct Token {
+    TokenKind kind = TokenKind::EndOfFile;
+    Keyword keyword = Keyword::None; ///< Of a Keyword; else None.
+    bool blankBefore = false;        ///< Blanks or a continuation stand directly before it.
+    std::size_t begin = 0;
+    std::size_t end = 0;
+};
+
+constexpr bool isOpeningBracket(TokenKind kind) {
+    return kind == TokenKind::LeftParen || kind == TokenKind::LeftBracket ||
+           kind == TokenKind::LeftBrace;
+}
+
+constexpr bool isClosingBracket(TokenKind kind) {
+    return kind == TokenKind::RightParen || kind == TokenKind::RightBracket ||
+           kind == TokenKind::RightBrace;
+}
+
+/// Whether the keyword opens a block of statements that an `end` closes.
+constexpr bool beginsBlock(Keyword keyword) {
+    switch (keyword) {
+    case Keyword::For:
+    case Keyword::If:
+    case Keyword::Parfor:
+    case Keyword::Spmd:
+    case Keyword::Switch:
+    case Keyword::Try:
+    case Keyword::While:
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace ostrel
