@@ -108,4 +108,16 @@ Position SourceText::position(std::size_t offset) const {
             static_cast<std::size_t>(to - from - lowSurrogates) + 1};
 }
 
+Position PositionCursor::position(std::size_t offset) {
+    const std::vector<std::size_t>& starts = source.lineStarts;
+    while (current.line < starts.size() && starts[current.line] <= offset) {
+        at = starts[current.line++];
+        current.column = 1;
+    }
+    for (; at < std::min(offset, source.size()); ++at) {
+        if (!isLowSurrogate(source.at(at))) ++current.column;
+    }
+    return current;
+}
+
 } // namespace ostrel

@@ -45,8 +45,24 @@ public:
     Position position(std::size_t offset) const;
 
 private:
+    friend class PositionCursor;
+
     std::u16string units;
     std::vector<std::size_t> lineStarts;
+};
+
+/// Gives the positions of many offsets, which must not descend, in one pass over the text: many
+/// places may be on one long line.
+class PositionCursor {
+public:
+    explicit PositionCursor(const SourceText& text) : source(text) {}
+
+    Position position(std::size_t offset);
+
+private:
+    const SourceText& source;
+    std::size_t at = 0;
+    Position current{1, 1};
 };
 
 } // namespace ostrel
