@@ -9,6 +9,12 @@ namespace ostrel {
 
 using zt::orvex::NodeKind;
 
+namespace {
+
+constexpr const char* STRAY_END = "this 'end' closes nothing";
+
+} // namespace
+
 // Files
 
 NodeId FileParser::parse() {
@@ -43,18 +49,9 @@ void FileParser::scriptOnce(NodeList& list) {
     statements.beginScope();
     statements.statementsInto(list);
     while (state.is(Keyword::End)) {
-        list.add(strayEnd());
+        list.add(statements.reject(STRAY_END));
         statements.statementsInto(list);
     }
-}
-
-NodeId FileParser::strayEnd() {
-    const std::size_t begin = state.token().begin;
-    statements.attempt([&] {
-        state.advance();
-        state.failAt(begin, "this 'end' closes nothing");
-    });
-    return state.builder.leaf(NodeKind::DiscardedStatement, state.extentFrom(begin));
 }
 
 /// What follows the script part.
@@ -114,7 +111,7 @@ NodeId FileParser::functionOnce(Owner owner) {
     const NodeId node = state.builder.node(kind, state.extentFrom(begin),
                                            {TreeBuilder::one(head.name), head.inputs, head.outputs,
                                             TreeBuilder::one(part), blocks, body.store()});
-    statements.lineEnding();
+    statements.blockEnding();
     return node;
 }
 
@@ -177,7 +174,7 @@ void FileParser::writeParameters(const Signature& of) {
 void FileParser::members(NodeList& list, Owner owner) {
     statements.statementsInto(list);
     while (state.is(Keyword::End) && isExtraEnd(owner)) {
-        list.add(strayEnd());
+        list.add(statements.reject(STRAY_END));
         statements.statementsInto(list);
     }
 }
@@ -243,7 +240,7 @@ NodeId FileParser::argumentsBlock() {
     statements.closeBlock(begin, "arguments");
     const NodeId node = state.builder.node(NodeKind::ArgumentsBlock, state.extentFrom(begin),
                                            {attributes, declarations});
-    statements.lineEnding();
+    statements.blockEnding();
     return node;
 }
 
@@ -321,7 +318,7 @@ NodeId FileParser::classDefinition() {
     NodeList members(state);
     classMembers(members);
     while (state.is(Keyword::End) && isExtraEndOfClass()) {
-        strayEnd();
+        statements.reject(STRAY_END);
         classMembers(members);
     }
     statements.closeBlock(begin, "class");
@@ -421,8 +418,7 @@ NodeId FileParser::classBlock() {
     statements.closeBlock(word.begin, toUtf8(state.text(word)).c_str());
     const NodeId node =
         state.builder.node(kind, state.extentFrom(word.begin), {content, attributeRange});
-    // A function here can only mean that the `end` of the block is missing.
-    if (!state.is(Keyword::Function)) statements.lineEnding();
+    statements.blockEnding();
     return node;
 }
 

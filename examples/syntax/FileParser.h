@@ -41,7 +41,6 @@ private:
     void tail(NodeList& program);
     void statementsBehind();
     void skipBehindClass();
-    NodeId strayEnd();
 
     // Functions
     NodeId function(Owner owner);

@@ -77,10 +77,23 @@ NodeId StatementParser::statement() {
     if (beginsBlock(state.token().keyword)) {
         return openBlocks.size() < MAX_BLOCK_NESTING ? block() : discardBlock();
     }
+    if (goesOnWithBlock(state.token().keyword)) {
+        return reject(state.found() + " stands outside of its block");
+    }
+    if (isClosingBracket(state.token().kind)) return reject("nothing is open for " + state.found());
     NodeId result = 0;
     const bool isRight = attempt([&] { result = simple(); });
     if (isRight) return result;
     return state.builder.leaf(NodeKind::DiscardedStatement, state.extentFrom(begin));
+}
+
+NodeId StatementParser::reject(const std::string& message) {
+    const std::size_t begin = state.token().begin;
+    state.advance();
+    state.recoverFrom({begin, message});
+    const NodeId node = state.builder.leaf(NodeKind::DiscardedStatement, state.extentFrom(begin));
+    optionalEnding();
+    return node;
 }
 
 // Statements that end with their line
@@ -119,12 +132,6 @@ NodeId StatementParser::simpleWithoutEnding() {
     default:
         break;
     }
-    if (goesOnWithBlock(state.token().keyword)) {
-        const std::size_t begin = state.token().begin;
-        const std::string message = state.found() + " stands outside of its block";
-        state.advance();
-        state.failAt(begin, message);
-    }
     if (state.is(TokenKind::Identifier)) return nameStatement();
     if (state.is(TokenKind::ExclamationMark)) return implicitCommand();
     if (state.is(TokenKind::LeftBracket) && isMultiAssignment()) return multiAssignment();
@@ -139,8 +146,8 @@ StatementParser::Ending StatementParser::ending() {
     return Ending::Printing;
 }
 
-void StatementParser::lineEnding() {
-    attempt([&] { ending(); });
+void StatementParser::blockEnding() {
+    if (isBlockClosed) attempt([&] { ending(); });
 }
 
 void StatementParser::optionalEnding() {
@@ -289,12 +296,13 @@ NodeId StatementParser::block() {
         }
     };
     const NodeId node = read();
-    lineEnding();
+    blockEnding();
     return node;
 }
 
 void StatementParser::closeBlock(std::size_t opener, const char* keyword) {
-    if (state.is(Keyword::End)) {
+    isBlockClosed = state.is(Keyword::End);
+    if (isBlockClosed) {
         state.advance();
     } else if (!isCutOff && state.openComment() == Lexer::NONE) {
         state.report(opener, std::string("'") + keyword + "' has no 'end'");
@@ -538,7 +546,7 @@ NodeId StatementParser::discardBlock() {
                  "blocks are nested deeper than " + std::to_string(MAX_BLOCK_NESTING) + " levels");
     skipBlock();
     const NodeId node = state.builder.leaf(NodeKind::DiscardedStatement, state.extentFrom(begin));
-    if (!isCutOff) lineEnding();
+    if (!isCutOff) attempt([&] { ending(); });
     return node;
 }
 

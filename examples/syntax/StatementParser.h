@@ -32,8 +32,11 @@ public:
     /// Takes the `end` of the block whose keyword stands at `opener`, and reports it if missing.
     void closeBlock(std::size_t opener, const char* keyword);
 
-    /// The end of the line behind a block's `end`, or behind what is complete in itself.
-    void lineEnding();
+    /// What ends a statement, behind the `end` that `closeBlock` has taken.
+    void blockEnding();
+
+    /// A statement that goes wrong with its first token: skipped, with an error.
+    NodeId reject(const std::string& message);
 
     /// `;`, `,` or a line end, if one follows.
     void optionalEnding();
@@ -112,6 +115,7 @@ private:
     ExpressionParser& expressions;
     std::vector<Keyword> openBlocks;
     std::vector<NodeId> targets; ///< What the statement under way writes.
+    bool isBlockClosed = true;   ///< Whether the last block had its `end`.
     bool isCutOff = false;       ///< The file ended within a block that was skipped.
 };
 
