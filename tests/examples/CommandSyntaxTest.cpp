@@ -1,0 +1,95 @@
+#include "Programs.h"
+
+#include <gtest/gtest.h>
+
+namespace ostrel {
+namespace {
+
+using testing::errors;
+using testing::nodes;
+using testing::statement;
+
+TEST(CommandSyntax, NameAndWordsAreACommand) {
+    EXPECT_EQ(statement("hold on"), "(CommandStatement <ans> hold [on])");
+    EXPECT_EQ(statement("\tload  'a b'.mat -x"), "(CommandStatement <ans> load ['a b'.mat -x])");
+    EXPECT_EQ(statement("disp \"a;b\" c"), "(CommandStatement <ans> disp [\"a;b\" c])");
+    EXPECT_EQ(statement("foo 'it''s; ok'"), "(CommandStatement <ans> foo ['it''s; ok'])");
+}
+
+TEST(CommandSyntax, WordsEndWithSeparatorCommentOrLine) {
+    EXPECT_EQ(nodes("hold on; x = 1;"),
+              "(CommandStatement <ans> hold [on])\n(AssignmentStatement x 1)\n");
+    EXPECT_EQ(nodes("hold on, x = 1;"),
+              "(CommandStatement <ans> hold [on])\n(AssignmentStatement x 1)\n");
+    EXPECT_EQ(nodes("hold on%x\nx = 1;"),
+              "(CommandStatement <ans> hold [on])\n(AssignmentStatement x 1)\n");
+    EXPECT_EQ(statement("hold a ... rest\n b"), "(CommandStatement <ans> hold [a b])");
+    EXPECT_EQ(
+        statement("hold f(1,2"),
+        statement("hold f(1\n2").substr(0, 0) +
+            "(CommandStatement <ans> hold [f(1])\n(PrintStatement (ExpressionStatement <ans> 2))");
+}
+
+TEST(CommandSyntax, TextThatBeginsAnExpressionIsNone) {
+    EXPECT_EQ(statement("foo (1);"), "(ExpressionStatement <ans> (ParenOperation foo [1]))");
+    EXPECT_EQ(statement("foo = 1;"), "(AssignmentStatement foo 1)");
+    EXPECT_EQ(statement("foo =1;"), "(AssignmentStatement foo 1)");
+    for (const std::string op : {"+",  "-", "*",  "/", "\\", "^",  ".*", "./", ".\\", ".^",
+                                 "<=", "<", ">=", ">", "==", "~=", "&&", "&",  "||",  "|"}) {
+        EXPECT_EQ(statement("foo " + op + " a;"),
+                  "(ExpressionStatement <ans> (BinaryOperation " + op + " foo a))");
+        EXPECT_EQ(statement("foo " + op + "a;"), "(CommandStatement <ans> foo [" + op + "a])");
+    }
+    EXPECT_EQ(statement("foo : a;"), "(ExpressionStatement <ans> (ColonOperation foo - a))");
+    EXPECT_EQ(statement("foo ...\n + a;"), "(ExpressionStatement <ans> (BinaryOperation + foo a))");
+    EXPECT_EQ(statement("foo +...\n a;"), "(ExpressionStatement <ans> (BinaryOperation + foo a))");
+}
+
+TEST(CommandSyntax, EqualsSignsThatComparedAreNoAssignment) {
+    EXPECT_EQ(statement("foo ==a"), "(CommandStatement <ans> foo [==a])");
+    EXPECT_EQ(statement("foo == a;"), "(ExpressionStatement <ans> (BinaryOperation == foo a))");
+}
+
+TEST(CommandSyntax, NothingBehindTheNameIsNone) {
+    EXPECT_EQ(statement("foo  ;"), "(BareIdentifierStatement foo)");
+    EXPECT_EQ(statement("foo % c"), "(BareIdentifierStatement foo)");
+    EXPECT_EQ(statement("foo ..."), "(BareIdentifierStatement foo)");
+}
+
+TEST(CommandSyntax, VariableIsNoCommandWhereverItIsWritten) {
+    EXPECT_EQ(nodes("x = 1;\nx -1;"), "(AssignmentStatement x 1)\n"
+                                      "(ExpressionStatement <ans> (BinaryOperation - x 1))\n");
+    EXPECT_EQ(nodes("x -1;\nx = 1;"), "(ExpressionStatement <ans> (BinaryOperation - x 1))\n"
+                                      "(AssignmentStatement x 1)\n");
+    EXPECT_EQ(nodes("x -[1\n 2];\nfor x = 1, end"),
+              "(ExpressionStatement <ans> (BinaryOperation - x (Matrix [(Row [1]) (Row [2])])))\n"
+              "(ForStatement x 1 [])\n");
+    EXPECT_EQ(statement("ans -1;"), "(ExpressionStatement <ans> (BinaryOperation - ans 1))");
+}
+
+TEST(CommandSyntax, ScopesDecideEachForItself) {
+    EXPECT_EQ(nodes("x -1\nfunction f(x)\nx -1\nend\nfunction g\nx -1\nend\n"),
+              "(CommandStatement <ans> x [-1])\n"
+              "(FunctionDefinition f [(InputParameter x)] [] FillerNode [] [(PrintStatement "
+              "(ExpressionStatement <ans> (BinaryOperation - x 1)))])\n"
+              "(FunctionDefinition g [] [] FillerNode [] [(CommandStatement <ans> x [-1])])\n");
+}
+
+TEST(CommandSyntax, ReadingAsAnExpressionMayRevealAnotherVariable) {
+    // Taken for a command, the first line ends at the comma and hides the write behind it.
+    EXPECT_EQ(
+        nodes("x {1, y = 2\nx = 1;"),
+        "DiscardedStatement\n(AssignmentStatement x 1)\n1:10: '{' is not closed before '='\n");
+}
+
+TEST(CommandSyntax, OpenQuoteIsAnErrorAtTheQuote) {
+    EXPECT_EQ(nodes("disp don't\nx = 1;"),
+              "DiscardedStatement\n(AssignmentStatement x 1)\n1:9: the text is not closed\n");
+}
+
+TEST(CommandSyntax, BracesAndPointsBeginAWord) {
+    EXPECT_EQ(statement("foo {1} .a . b"), "(CommandStatement <ans> foo [{1} .a . b])");
+}
+
+} // namespace
+} // namespace ostrel

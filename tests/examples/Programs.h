@@ -1,0 +1,67 @@
+#pragma once
+
+#include "frontend/ParsedFile.h"
+#include "source/Utf8.h"
+#include "tree/Dump.h"
+
+#include <zt_orvex/ast/TypedViews.h>
+
+#include <string>
+#include <string_view>
+
+namespace ostrel::testing {
+
+inline ParsedFile parse(std::string_view source) { return parseOstrel("test.ost", source); }
+
+/// The program's nodes, a line each.
+inline std::string dumpNodes(const ParsedFile& file) {
+    std::string text;
+    for (const zt::orvex::NodeView node : zt::orvex::ProgramView(file.root).getProgramNodes()) {
+        text += dump(*file.tree, node) + "\n";
+    }
+    return text;
+}
+
+/// "line:column: message", a line each.
+inline std::string dumpErrors(const ParsedFile& file) {
+    std::string text;
+    for (const Diagnostic& each : file.diagnostics) {
+        text += std::to_string(each.line) + ":" + std::to_string(each.column) + ": " +
+                each.message + "\n";
+    }
+    return text;
+}
+
+inline std::string errors(std::string_view source) { return dumpErrors(parse(source)); }
+
+/// The tree of a program, and what is wrong with it, if anything is.
+inline std::string nodes(std::string_view source) {
+    const ParsedFile file = parse(source);
+    return dumpNodes(file) + dumpErrors(file);
+}
+
+/// As `nodes`, of one statement, without the line end.
+inline std::string statement(std::string_view source) {
+    std::string text = nodes(source);
+    if (!text.empty()) text.pop_back();
+    return text;
+}
+
+/// The tree of the right side of a silent assignment to `y`.
+inline std::string expression(std::string_view source) {
+    const std::string text = statement("y = " + std::string(source) + ";");
+    const std::string_view begin = "(AssignmentStatement y ";
+    if (text.compare(0, begin.size(), begin) != 0) return text;
+    return text.substr(begin.size(), text.size() - begin.size() - 1);
+}
+
+/// The names of a universe, in its order.
+inline std::string universe(const ParsedFile& file, std::size_t scope) {
+    std::string text;
+    for (const zt::orvex::SymbolView symbol : file.scopes[scope].universe) {
+        text += (text.empty() ? "" : " ") + toUtf8(file.tree->symbolName(symbol));
+    }
+    return text;
+}
+
+} // namespace ostrel::testing

@@ -1,0 +1,204 @@
+#include "Programs.h"
+#include "testing/RandomProgram.h"
+
+#include "syntax/Limits.h"
+#include "syntax/Printer.h"
+
+#include <zt_orvex/ast/ForEachNodeIn.h>
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <utility>
+
+namespace ostrel {
+namespace {
+
+using zt::orvex::NodeView;
+using zt::orvex::testing::Random;
+using zt::orvex::testing::RandomProgram;
+using zt::orvex::testing::rounds;
+
+/// How many rounds a test runs: ZT_ORVEX_TEST_ROUNDS of the environment, or what it is given.
+std::size_t roundsToRun(std::size_t usual) {
+    const char* text = std::getenv("ZT_ORVEX_TEST_ROUNDS");
+    return text != nullptr ? std::strtoull(text, nullptr, 0) : rounds(usual);
+}
+
+/// Walks the whole tree, asks what a report asks, and prints it.
+void use(const ParsedFile& file) {
+    std::size_t last = 0;
+    for (const Diagnostic& diagnostic : file.diagnostics) {
+        ASSERT_LE(last, diagnostic.offset);
+        last = diagnostic.offset;
+        ASSERT_LE(diagnostic.line, file.source.lineCount());
+        ASSERT_FALSE(diagnostic.message.empty());
+    }
+    ASSERT_LE(file.tree->height(), MAX_TREE_HEIGHT);
+    zt::orvex::forEachNodeIn(file.root, [&](const NodeView& node) {
+        ASSERT_LE(file.tree->beginOffset(node), file.tree->endOffset(node));
+        ASSERT_LE(file.tree->endOffset(node), file.source.size());
+        if (node.getKind() != zt::orvex::NodeKind::Identifier) return;
+        const auto symbol = file.tree->getIdentifierSymbol(node.node);
+        ASSERT_EQ(file.tree->symbolName(symbol), file.tree->getIdentifierName(node.node));
+    });
+    for (const Construct& construct : file.constructs)
+        ASSERT_LT(construct.scope, file.scopes.size());
+    printSource(*file.tree);
+}
+
+std::string repeat(const std::string& piece, std::size_t size) {
+    std::string text;
+    while (text.size() < size)
+        text += piece;
+    return text;
+}
+
+/// Drops, doubles or swaps characters of a text, or puts a token in.
+std::string mutate(Random& random, std::string text) {
+    static const std::vector<std::string> TOKENS{
+        "(",     ")",     "[",   "]", "{",    "}",      "'",           "\"",       "end",
+        "\n",    "=",     "...", "%", "%{\n", "\n%}\n", "function ",   "if ",      "class ",
+        "else ", "case ", ",",   ";", ".",    "@",      "arguments\n", "methods\n"};
+    for (std::size_t i = random.between(1, 4); i > 0 && !text.empty(); --i) {
+        const std::size_t at = random.below(text.size());
+        switch (random.below(4)) {
+        case 0:
+            text.erase(at, random.between(1, 3));
+            break;
+        case 1:
+            text.insert(at, 1, text[at]);
+            break;
+        case 2:
+            std::swap(text[at], text[random.below(text.size())]);
+            break;
+        default:
+            text.insert(at, random.pick(TOKENS));
+        }
+    }
+    return text;
+}
+
+TEST(Robustness, EmptyFileIsAnEmptyProgram) {
+    for (const char* text : {"", "\n", "  ", "% c", "%{\n%}", "\r\n\r\n"}) {
+        const ParsedFile file = testing::parse(text);
+        EXPECT_FALSE(file.hasErrors()) << text;
+        EXPECT_EQ(testing::dumpNodes(file), "") << text;
+        EXPECT_EQ(file.root.getKind(), zt::orvex::NodeKind::Program);
+    }
+}
+
+TEST(Robustness, FileThatIsNotUtf8IsOneErrorAtThePlace) {
+    const ParsedFile file = testing::parse("x = 1;\n\xC3\xA9 \xFF;\n");
+    EXPECT_FALSE(file.isUtf8);
+    EXPECT_EQ(testing::dumpErrors(file), "2:3: the file is not UTF-8 from here on\n");
+    EXPECT_EQ(testing::dumpNodes(file), "");
+    EXPECT_TRUE(testing::parse("x = '\xC3\xA9';").isUtf8);
+}
+
+TEST(Robustness, MutatedProgramsAreReadToTheEnd) {
+    Random random;
+    SCOPED_TRACE(random.describe());
+    for (std::size_t i = 0; i < roundsToRun(10000); ++i) {
+        const std::string source = mutate(random, RandomProgram(random).program());
+        SCOPED_TRACE(source);
+        use(testing::parse(source));
+        if (HasFatalFailure()) return;
+    }
+}
+
+TEST(Robustness, RandomTokensAreReadToTheEnd) {
+    static const std::vector<std::string> TOKENS{
+        "if",     "end",         "else",      "for",    "k",        "=",          "(",
+        ")",      "[",           "]",         "{",      "}",        ";",          ",",
+        "\n",     "\n",          "'",         "\"",     "function", "class",      "x",
+        "1",      "+",           "-",         ":",      "@",        "try",        "catch",
+        "switch", "case",        "otherwise", "parfor", "spmd",     "...\n",      "%",
+        "\n%{\n", "\n%}\n",      "while",     "global", "methods",  "properties", "arguments",
+        "events", "enumeration", "~",         "!",      ".",        "?",          "0x",
+        "elseif", "return",      "<",         "&",      "'a'",      "\"b\"",      "ans"};
+    Random random;
+    SCOPED_TRACE(random.describe());
+    for (std::size_t i = 0; i < roundsToRun(5000); ++i) {
+        std::string source;
+        for (std::size_t j = random.below(60); j > 0; --j) {
+            source += random.pick(TOKENS) + (random.oneIn(3) ? "" : " ");
+        }
+        SCOPED_TRACE(source);
+        use(testing::parse(source));
+        if (HasFatalFailure()) return;
+    }
+}
+
+TEST(Robustness, RandomBytesAreReadToTheEnd) {
+    Random random;
+    SCOPED_TRACE(random.describe());
+    for (std::size_t i = 0; i < roundsToRun(2000); ++i) {
+        std::string source;
+        const std::size_t limit = random.oneIn(4) ? 256 : 128;
+        for (std::size_t j = random.below(200); j > 0; --j) {
+            source += static_cast<char>(random.below(limit));
+        }
+        use(testing::parse(source));
+        if (HasFatalFailure()) return;
+    }
+}
+
+TEST(Robustness, TenMegabytesOfBracketsAreOneError) {
+    for (const char* bracket : {"(", "[", "{"}) {
+        const ParsedFile file = testing::parse(std::string(10'000'000, bracket[0]));
+        EXPECT_EQ(testing::dumpErrors(file),
+                  "1:1001: the expression is nested deeper than 1000 levels\n");
+    }
+}
+
+TEST(Robustness, LongTextsThatAreWrongThroughoutTakeLinearTime) {
+    // Quadratic time would show as a test that does not end.
+    const std::size_t size = rounds(2'000'000);
+    for (const char* piece : {"x = [1, 2\n",
+                              "[* * 2\n",
+                              "[\n",
+                              "(\n",
+                              "if 1\n",
+                              "end\n",
+                              "function f\n",
+                              "x = '\n",
+                              "[ ...\n",
+                              "x = [1, 2\nf(1)\n",
+                              "%{\n",
+                              "'",
+                              "a -b\n",
+                              "class A\n",
+                              "switch x\ny\n",
+                              "function f\nend\nend\n",
+                              "function f\nend\nx = 1;\n",
+                              "{@(a)",
+                              "x = (1 + [2\n",
+                              "),",
+                              "1:",
+                              "-",
+                              "a@",
+                              "a.",
+                              "a(1).b{2}",
+                              "a'",
+                              "!a\n",
+                              "case 1\n",
+                              "[a b] = "}) {
+        const ParsedFile file = testing::parse(repeat(piece, size));
+        EXPECT_LE(file.tree->height(), MAX_TREE_HEIGHT) << piece;
+    }
+}
+
+TEST(Robustness, WritesFurtherDownDoNotMakeReadingQuadratic) {
+    std::string source;
+    for (std::size_t i = 0; i < 20000; ++i)
+        source += "a" + std::to_string(i) + " -b\n";
+    for (std::size_t i = 0; i < 20000; ++i)
+        source += "a" + std::to_string(i) + " = 1;\n";
+    const ParsedFile file = testing::parse(source);
+    EXPECT_FALSE(file.hasErrors());
+    EXPECT_EQ(file.scopes[0].universe.size(), 20000U);
+}
+
+} // namespace
+} // namespace ostrel
