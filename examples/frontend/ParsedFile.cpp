@@ -57,25 +57,19 @@ void addDiagnostics(ParsedFile& file, std::vector<Diagnostic> diagnostics) {
     file.diagnostics = std::move(diagnostics);
 }
 
-/// Gives the text, or of a text that is not UTF-8 none, and says where it goes wrong.
-SourceText readText(ParsedFile& file, std::string_view utf8) {
-    if (auto text = SourceText::fromUtf8(utf8)) return *std::move(text);
+/// Says where a text stops to be UTF-8, and keeps what stands before.
+void refuse(ParsedFile& file, std::string_view utf8) {
     file.isUtf8 = false;
-    const std::string_view valid = utf8.substr(0, SourceText::validUtf8Prefix(utf8));
-    const SourceText beginning = *SourceText::fromUtf8(valid);
-    const Position position = beginning.position(beginning.size());
-    file.diagnostics.push_back({beginning.size(), position.line, position.column, Severity::Error,
+    file.source = *SourceText::fromUtf8(utf8.substr(0, SourceText::validUtf8Prefix(utf8)));
+    const std::size_t end = file.source.size();
+    const Position position = file.source.position(end);
+    file.diagnostics.push_back({end, position.line, position.column, Severity::Error,
                                 "the file is not UTF-8 from here on"});
-    return SourceText();
 }
 
-} // namespace
-
-ParsedFile parseOstrel(std::string path, std::string_view utf8Text) {
-    ParsedFile file;
-    file.path = std::move(path);
-    file.source = readText(file, utf8Text);
-    FileParser parser(file.source);
+/// Reads the source that is given: the file's own, or an empty one.
+void read(ParsedFile& file, const SourceText& source) {
+    FileParser parser(source);
     const NodeId root = parser.parse();
     TreeStorage storage = parser.state.builder.release();
     const std::vector<ResolvedScope> resolved = resolveSymbols(storage);
@@ -85,7 +79,21 @@ ParsedFile parseOstrel(std::string path, std::string_view utf8Text) {
     addScopes(file, resolved, scopeIndices);
     addConstructs(file, parser.state.constructs, scopeIndices);
     addPragmas(file, parser.state.pragmas);
-    if (file.isUtf8) addDiagnostics(file, std::move(parser.state.diagnostics));
+    addDiagnostics(file, std::move(parser.state.diagnostics));
+}
+
+} // namespace
+
+ParsedFile parseOstrel(std::string path, std::string_view utf8Text) {
+    ParsedFile file;
+    file.path = std::move(path);
+    if (auto text = SourceText::fromUtf8(utf8Text)) {
+        file.source = *std::move(text);
+        read(file, file.source);
+    } else {
+        read(file, SourceText());
+        refuse(file, utf8Text);
+    }
     return file;
 }
 

@@ -54,7 +54,7 @@ struct Construct {
 struct ParsedFile {
     std::string path;
     bool isUtf8 = true; ///< When not, there is one diagnostic, and the program is empty.
-    SourceText source;
+    SourceText source;  ///< When the file is not UTF-8, what stands before the first wrong byte.
     std::unique_ptr<Tree> tree; ///< Never null.
     zt::orvex::NodeView root{}; ///< The Program: what could be parsed.
 

@@ -8,6 +8,7 @@
 #include "syntax/VariableGuess.h"
 #include "tree/TreeBuilder.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -72,7 +73,7 @@ public:
     NodeId identifierOfToken(Role role, ScopeId owner);
     NodeId label(std::u16string_view name, std::size_t offset);
     NodeId implicitAns(std::size_t offset);
-    Extent extentFrom(std::size_t begin) const { return {begin, lastEnd}; }
+    Extent extentFrom(std::size_t begin) const { return {begin, std::max(begin, lastEnd)}; }
     /// Makes the symbol of an identifier a variable of its scope.
     void write(NodeId identifier);
     bool isVariable(std::u16string_view name);

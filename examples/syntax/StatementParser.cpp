@@ -83,8 +83,7 @@ NodeId StatementParser::statement() {
     if (isClosingBracket(state.token().kind)) return reject("nothing is open for " + state.found());
     NodeId result = 0;
     const bool isRight = attempt([&] { result = simple(); });
-    if (isRight) return result;
-    return state.builder.leaf(NodeKind::DiscardedStatement, state.extentFrom(begin));
+    return isRight ? result : discarded(NodeKind::DiscardedStatement, begin);
 }
 
 NodeId StatementParser::reject(const std::string& message) {
@@ -309,8 +308,9 @@ void StatementParser::closeBlock(std::size_t opener, const char* keyword) {
     }
 }
 
-NodeId StatementParser::discardedExpression(std::size_t begin) {
-    return state.builder.leaf(NodeKind::DiscardedExpression, state.extentFrom(begin));
+/// A leaf for what was skipped.
+NodeId StatementParser::discarded(NodeKind kind, std::size_t begin) {
+    return state.builder.leaf(kind, {begin, std::max(begin, discardedEnd)});
 }
 
 /// An expression that ends its line, or the like.
@@ -321,7 +321,7 @@ NodeId StatementParser::head() {
         result = expressions.expression();
         ending();
     });
-    return isRight ? result : discardedExpression(begin);
+    return isRight ? result : discarded(NodeKind::DiscardedExpression, begin);
 }
 
 NodeId StatementParser::ifStatement() {
@@ -467,8 +467,8 @@ Field StatementParser::options() {
         result = expressions.expressionsTo(TokenKind::RightParen);
     });
     if (isRight) return result;
-    const NodeId discarded = discardedExpression(begin);
-    return state.builder.each(&discarded, 1);
+    const NodeId instead = discarded(NodeKind::DiscardedExpression, begin);
+    return state.builder.each(&instead, 1);
 }
 
 NodeId StatementParser::forStatement() {
@@ -513,7 +513,9 @@ StatementParser::LoopHead StatementParser::loopHead() {
         state.write(head.variable);
         return head;
     }
-    return {discardedExpression(begin), discardedExpression(begin), {0, 0}};
+    return {discarded(NodeKind::DiscardedExpression, begin),
+            discarded(NodeKind::DiscardedExpression, begin),
+            {0, 0}};
 }
 
 void StatementParser::loopHeadInParens(LoopHead& head, bool mayHaveOptions) {

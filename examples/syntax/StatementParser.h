@@ -52,6 +52,7 @@ public:
         } catch (const SyntaxError& error) {
             state.builder.rollBack(checkpoint);
             state.recoverFrom(error);
+            discardedEnd = state.previousEnd();
             optionalEnding();
             return false;
         }
@@ -105,7 +106,7 @@ private:
     void loopRange(LoopHead& head);
     Field options();
     NodeId head();
-    NodeId discardedExpression(std::size_t begin);
+    NodeId discarded(zt::orvex::NodeKind kind, std::size_t begin);
     Field body(Keyword block);
     bool goesOnWithOpenBlock() const;
     NodeId discardBlock();
@@ -114,9 +115,10 @@ private:
     ParserState& state;
     ExpressionParser& expressions;
     std::vector<Keyword> openBlocks;
-    std::vector<NodeId> targets; ///< What the statement under way writes.
-    bool isBlockClosed = true;   ///< Whether the last block had its `end`.
-    bool isCutOff = false;       ///< The file ended within a block that was skipped.
+    std::vector<NodeId> targets;  ///< What the statement under way writes.
+    std::size_t discardedEnd = 0; ///< Where the last thing ends that was skipped.
+    bool isBlockClosed = true;    ///< Whether the last block had its `end`.
+    bool isCutOff = false;        ///< The file ended within a block that was skipped.
 };
 
 } // namespace ostrel

@@ -45,7 +45,7 @@ TEST(Printer, PrintedProgramsParseToTheSameTree) {
 TEST(Printer, RandomProgramsParseToTheSameTree) {
     Random random;
     SCOPED_TRACE(random.describe());
-    for (std::size_t i = 0; i < rounds(3000); ++i) {
+    for (std::size_t i = 0; i < rounds(1000); ++i) {
         expectToSurvivePrinting(RandomProgram(random).program());
         if (HasFatalFailure()) return;
     }
