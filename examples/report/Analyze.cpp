@@ -1,0 +1,188 @@
+#include "report/Analyze.h"
+
+#include "report/Classify.h"
+#include "report/LibraryAnswers.h"
+#include "report/PlaceFinder.h"
+#include "report/RestrictedUses.h"
+#include "report/Warnings.h"
+#include "source/Utf8.h"
+
+#include <zt_orvex/ast/TypedViews.h>
+#include <zt_orvex/pragma/Pragma.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <exception>
+#include <set>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+#include <utility>
+#include <vector>
+
+namespace ostrel::report {
+
+using namespace zt::orvex;
+
+namespace {
+
+class FileAnalysis {
+public:
+    explicit FileAnalysis(ParsedFile& toAnalyze)
+        : parsed(toAnalyze), places(parsed.source, *parsed.tree) {}
+
+    File run() {
+        file.path = parsed.path;
+        file.diagnostics = parsed.diagnostics;
+        for (const PragmaComment& comment : parsed.pragmas)
+            addPragma(comment);
+        for (const ostrel::Construct& construct : parsed.constructs)
+            tryAddConstruct(construct);
+        addRestrictedWarnings();
+        sortWarnings();
+        file.source = std::move(parsed.source);
+        return std::move(file);
+    }
+
+private:
+    void addPragma(const PragmaComment& comment) {
+        const auto pragma = parsePragma(comment.text, static_cast<unsigned>(comment.offset));
+        if (!pragma) return;
+        PragmaEntry entry;
+        entry.place = places.at(comment.offset, comment.text.size());
+        entry.kind = toUtf8(pragmaKindToString(pragma->getKind()));
+        entry.name = toUtf8(pragma->getPragmaName());
+        entry.arguments = toUtf8(pragma->getTrimmedArgumentsText());
+        if (pragma->getKind() == PragmaKind::UNRECOGNIZED)
+            file.warnings.push_back(warnOfUnknownPragma(entry));
+        file.pragmas.push_back(std::move(entry));
+    }
+
+    void tryAddConstruct(const ostrel::Construct& construct) {
+        try {
+            addConstruct(construct);
+        } catch (const std::exception& error) {
+            addFailure(construct, error.what());
+        }
+    }
+
+    void addFailure(const ostrel::Construct& construct, const char* what) {
+        const Place place = places.at(construct.offset, 0);
+        Diagnostic diagnostic;
+        diagnostic.offset = place.offset;
+        diagnostic.line = place.line;
+        diagnostic.column = place.column;
+        diagnostic.message =
+            std::string("this ") + keywordOf(kindOf(construct)) + " cannot be analysed: " + what;
+        const auto behind = std::upper_bound(
+            file.diagnostics.begin(), file.diagnostics.end(), place.offset,
+            [](std::size_t offset, const Diagnostic& other) { return offset < other.offset; });
+        file.diagnostics.insert(behind, std::move(diagnostic));
+    }
+
+    void addConstruct(const ostrel::Construct& parsedConstruct) {
+        const Scope& scope = parsed.scopes[parsedConstruct.scope];
+        const LibraryAnswers answers = askLibrary(parsedConstruct, scope);
+        Construct construct;
+        construct.kind = kindOf(parsedConstruct);
+        construct.keyword =
+            places.at(parsedConstruct.offset, std::string_view(keywordOf(construct.kind)).size());
+        construct.extent = places.of(parsedConstruct.node);
+        construct.enclosing = findEnclosing(construct.extent);
+        construct.scope = scope.name;
+        if (construct.kind == ConstructKind::Parfor)
+            construct.loopVariable = loopVariableOf(ParforStatementView(parsedConstruct.node));
+        for (const SymbolView symbol : scope.universe)
+            construct.universe.push_back(toUtf8(parsed.tree->symbolName(symbol)));
+        construct.liveAsTemporary = sortedNames(answers.liveAsTemporary);
+        construct.maybeLiveAsTemporary = sortedNames(answers.maybeLiveAsTemporary);
+        construct.notLiveAsSliced = sortedNames(answers.notLiveAsSliced);
+        construct.outputs = sortedNames(answers.outputs);
+        construct.ansPossiblyReadBeforeBeingWritten = answers.ansPossiblyReadBeforeBeingWritten;
+        construct.variables = classify(parsed, parsedConstruct, answers, places);
+        std::vector<NodeView> uses = findRestrictedUses(bodyOf(parsedConstruct));
+        construct.restrictedExternals = restrictedNames(uses);
+        addAnsWarning(construct);
+        file.constructs.push_back(std::move(construct));
+        restrictedUses.push_back(std::move(uses));
+    }
+
+    /// Constructs come in source order, so the one before, or one around it, encloses this one.
+    std::optional<std::size_t> findEnclosing(const Place& extent) const {
+        std::optional<std::size_t> candidate;
+        if (!file.constructs.empty()) candidate = file.constructs.size() - 1;
+        while (candidate) {
+            const Construct& construct = file.constructs[*candidate];
+            if (extent.offset < construct.extent.offset + construct.extent.length) break;
+            candidate = construct.enclosing;
+        }
+        return candidate;
+    }
+
+    static std::string loopVariableOf(ParforStatementView loop) {
+        return toUtf8(IdentifierView(loop.getParforVariable()).getIdentifierName());
+    }
+
+    /// Sorted in UTF-16, by code unit.
+    std::vector<std::string> sortedNames(const SymbolSet& symbols) const {
+        std::set<std::u16string_view> names;
+        for (const SymbolView symbol : symbols)
+            names.insert(parsed.tree->symbolName(symbol));
+        return toUtf8Names(names);
+    }
+
+    std::vector<std::string> restrictedNames(const std::vector<NodeView>& uses) const {
+        std::set<std::u16string_view> names;
+        for (const NodeView use : uses)
+            names.insert(IdentifierView(use).getIdentifierName());
+        return toUtf8Names(names);
+    }
+
+    static std::vector<std::string> toUtf8Names(const std::set<std::u16string_view>& names) {
+        std::vector<std::string> result;
+        for (const std::u16string_view name : names)
+            result.push_back(toUtf8(name));
+        return result;
+    }
+
+    static void addAnsWarning(Construct& construct) {
+        if (!construct.ansPossiblyReadBeforeBeingWritten) return;
+        for (const Variable& variable : construct.variables) {
+            if (variable.name == "ans" && variable.firstRead)
+                construct.warnings.push_back(warnOfAns(construct.kind, *variable.firstRead));
+        }
+    }
+
+    /// A use within a nested construct's body is warned of there alone.
+    void addRestrictedWarnings() {
+        std::unordered_set<NodeView> warned;
+        for (std::size_t i = file.constructs.size(); i-- > 0;) {
+            Construct& construct = file.constructs[i];
+            for (const NodeView use : restrictedUses[i]) {
+                if (!warned.insert(use).second) continue;
+                const std::string name = toUtf8(IdentifierView(use).getIdentifierName());
+                construct.warnings.push_back(
+                    warnOfRestricted(construct.kind, name, places.of(use)));
+            }
+        }
+    }
+
+    void sortWarnings() {
+        for (Construct& construct : file.constructs) {
+            std::stable_sort(
+                construct.warnings.begin(), construct.warnings.end(),
+                [](const Warning& a, const Warning& b) { return a.place.offset < b.place.offset; });
+        }
+    }
+
+    ParsedFile& parsed;
+    PlaceFinder places;
+    File file;
+    std::vector<std::vector<NodeView>> restrictedUses; ///< Of each of `file.constructs`.
+};
+
+} // namespace
+
+File analyze(ParsedFile parsed) { return FileAnalysis(parsed).run(); }
+
+} // namespace ostrel::report

@@ -1,0 +1,146 @@
+#include "report/Classify.h"
+
+#include "report/BodyFlow.h"
+#include "report/OwnElements.h"
+#include "source/Utf8.h"
+
+#include <zt_orvex/ast/ForEachNodeIn.h>
+#include <zt_orvex/ast/NodeKind.h>
+#include <zt_orvex/ast/TypedViews.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <unordered_map>
+#include <utility>
+
+namespace ostrel::report {
+
+using namespace zt::orvex;
+
+Role roleOf(const Evidence& evidence) {
+    const bool isParfor = evidence.kind == ConstructKind::Parfor;
+    if (evidence.isLoopVariable) return Role::LoopVariable;
+    if (!evidence.isWritten) return evidence.isLive ? Role::ReadFromOutside : Role::NamedOnly;
+    if (!evidence.isLive) return isParfor ? Role::Temporary : Role::Output;
+    if (!isParfor) return Role::Updated;
+    return evidence.isLiveAsSliced && !evidence.hasOwnElements ? Role::Carried : Role::Sliced;
+}
+
+namespace {
+
+/// Gathers what is known of each variable of one construct.
+class Classifier {
+public:
+    Classifier(const ParsedFile& parsed, const ostrel::Construct& which,
+               const LibraryAnswers& libraryAnswers, PlaceFinder& placeFinder)
+        : file(parsed), construct(which), scope(file.scopes[construct.scope]),
+          answers(libraryAnswers), places(placeFinder), kind(kindOf(construct)),
+          flows(traceBody(bodyOf(construct), scope.universe)) {
+        for (std::size_t i = 0; i < scope.universe.size(); ++i)
+            indices.emplace(scope.universe[i], i);
+        if (kind == ConstructKind::Parfor) noteLoopVariable(ParforStatementView(construct.node));
+    }
+
+    std::vector<Variable> run() {
+        std::vector<Variable> all(scope.universe.size());
+        gatherPlaces(all);
+        std::vector<Variable> named;
+        for (std::size_t i = 0; i < all.size(); ++i) {
+            if (all[i].places.empty()) continue;
+            describe(all[i], scope.universe[i], flows[i]);
+            named.push_back(std::move(all[i]));
+        }
+        return named;
+    }
+
+private:
+    void noteLoopVariable(ParforStatementView loop) {
+        loopVariable = IdentifierView(loop.getParforVariable()).getIdentifierSymbol();
+        const auto index = indices.find(*loopVariable);
+        const bool isWritten = index != indices.end() && flows[index->second].lastWrite;
+        if (!isWritten) ownElements = findOwnElements(loop);
+    }
+
+    void gatherPlaces(std::vector<Variable>& variables) {
+        std::vector<NodeView> names;
+        forEachNodeIn(construct.node, [&](NodeView node) {
+            if (node.getKind() == NodeKind::Identifier && !file.tree->isImplicit(node))
+                names.push_back(node);
+        });
+        std::sort(names.begin(), names.end(), [&](NodeView a, NodeView b) {
+            return file.tree->beginOffset(a) < file.tree->beginOffset(b);
+        });
+        const std::size_t bodyBegin = offsetOfBody();
+        for (const NodeView name : names) {
+            const auto index = indices.find(IdentifierView(name).getIdentifierSymbol());
+            if (index == indices.end()) continue;
+            Variable& variable = variables[index->second];
+            variable.places.push_back(places.of(name));
+            if (variable.places.back().offset >= bodyBegin) variable.isInBody = true;
+        }
+    }
+
+    std::size_t offsetOfBody() const {
+        const StatementRangeView body = bodyOf(construct);
+        return body.size() == 0 ? file.tree->endOffset(construct.node)
+                                : file.tree->beginOffset(body[0]);
+    }
+
+    void describe(Variable& variable, SymbolView symbol, const VariableFlow& flow) {
+        variable.name = toUtf8(file.tree->symbolName(symbol));
+        variable.hasOwnElements = ownElements.count(symbol) != 0;
+        variable.isReadOnEveryPath = answers.liveAsTemporary.count(symbol) != 0;
+        variable.role = roleOf(evidenceOf(variable, symbol, flow));
+        if (flow.lastWrite) variable.lastWrite = placeOfWrite(flow);
+        const bool isPartWriteOfSlice = variable.role == Role::Sliced && !variable.hasOwnElements;
+        if (variable.role == Role::LoopVariable || isPartWriteOfSlice) return;
+        if (flow.firstRead) variable.firstRead = places.of(*flow.firstRead);
+        variable.isFirstReadPartialWrite = flow.isFirstReadPartWrite;
+    }
+
+    Evidence evidenceOf(const Variable& variable, SymbolView symbol,
+                        const VariableFlow& flow) const {
+        Evidence evidence;
+        evidence.kind = kind;
+        evidence.isLoopVariable = loopVariable == symbol;
+        evidence.isWritten = flow.lastWrite.has_value();
+        evidence.isLive = isLive(symbol);
+        evidence.isLiveAsSliced = answers.notLiveAsSliced.count(symbol) == 0;
+        evidence.hasOwnElements = variable.hasOwnElements;
+        return evidence;
+    }
+
+    /// The analyses of temporaries and of outputs pass over an expression statement's write of
+    /// `ans`; the one of `ans` counts it.
+    bool isLive(SymbolView symbol) const {
+        if (symbol == scope.ans) return answers.ansPossiblyReadBeforeBeingWritten;
+        if (kind == ConstructKind::Parfor) return answers.maybeLiveAsTemporary.count(symbol) != 0;
+        return answers.outputs.count(symbol) == 0;
+    }
+
+    /// An `ans` that stands nowhere in the text is written where its statement stands.
+    Place placeOfWrite(const VariableFlow& flow) {
+        const bool isImplicit = file.tree->isImplicit(*flow.lastWrite);
+        return places.of(isImplicit ? *flow.lastWriteStatement : *flow.lastWrite);
+    }
+
+    const ParsedFile& file;
+    const ostrel::Construct& construct;
+    const Scope& scope;
+    const LibraryAnswers& answers;
+    PlaceFinder& places;
+    ConstructKind kind;
+    std::vector<VariableFlow> flows;
+    std::unordered_map<SymbolView, std::size_t> indices;
+    std::optional<SymbolView> loopVariable;
+    SymbolSet ownElements;
+};
+
+} // namespace
+
+std::vector<Variable> classify(const ParsedFile& file, const ostrel::Construct& construct,
+                               const LibraryAnswers& answers, PlaceFinder& places) {
+    return Classifier(file, construct, answers, places).run();
+}
+
+} // namespace ostrel::report

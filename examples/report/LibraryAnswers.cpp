@@ -1,0 +1,44 @@
+#include "report/LibraryAnswers.h"
+
+#include <zt_orvex/analysis/AnsAnalysis.h>
+#include <zt_orvex/analysis/LiveVariables.h>
+#include <zt_orvex/ast/NodeKind.h>
+#include <zt_orvex/ast/TypedViews.h>
+#include <zt_orvex/flow/OrderedSet.h>
+
+namespace ostrel::report {
+
+using namespace zt::orvex;
+
+ConstructKind kindOf(const ostrel::Construct& construct) {
+    return construct.node.getKind() == NodeKind::ParforStatement ? ConstructKind::Parfor
+                                                                 : ConstructKind::Spmd;
+}
+
+StatementRangeView bodyOf(const ostrel::Construct& construct) {
+    return kindOf(construct) == ConstructKind::Parfor
+               ? ParforStatementView(construct.node).getParforBody()
+               : SpmdStatementView(construct.node).getSpmdBody();
+}
+
+LibraryAnswers askLibrary(const ostrel::Construct& construct, const Scope& scope) {
+    const flow::OrderedSet<SymbolView> universe(scope.universe.begin(), scope.universe.end());
+    LibraryAnswers answers;
+    if (kindOf(construct) == ConstructKind::Parfor) {
+        const ParforStatementView loop(construct.node);
+        answers.liveAsTemporary = flow::computeLiveAsTemporaryVariables(loop, universe, {});
+        answers.maybeLiveAsTemporary =
+            flow::computeMaybeLiveAsTemporaryVariables(loop, universe, {});
+        answers.notLiveAsSliced = flow::computeNotLiveAsSlicedVariables(loop, universe, {});
+        answers.ansPossiblyReadBeforeBeingWritten =
+            flow::isAnsPossiblyReadBeforeBeingWritten(loop, scope.ans, {});
+    } else {
+        const SpmdStatementView block(construct.node);
+        answers.outputs = flow::computeSpmdOutputVariables(block, universe, {});
+        answers.ansPossiblyReadBeforeBeingWritten =
+            flow::isAnsPossiblyReadBeforeBeingWritten(block, scope.ans, {});
+    }
+    return answers;
+}
+
+} // namespace ostrel::report

@@ -1,0 +1,115 @@
+#include "report/Warnings.h"
+
+#include "source/Utf8.h"
+
+#include <zt_orvex/pragma/Pragma.h>
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <string_view>
+
+namespace ostrel::report {
+
+namespace {
+
+/// Why a function is restricted, and what to do instead.
+struct RestrictedRow {
+    std::string_view name;
+    std::string_view reason;
+    std::string_view help;
+};
+
+constexpr std::string_view BY_NAME =
+    "reaches variables by name, which no analysis of the text sees";
+constexpr std::string_view OF_CALL = "asks how the function around it was called";
+constexpr std::string_view IN_FUNCTION = "do it in a function of its own and call that";
+constexpr std::string_view BEFORE = "ask before the construct and keep the answer in a variable";
+
+constexpr std::array<RestrictedRow, 18> RESTRICTED{{
+    {"assignin", BY_NAME, "return the value from a function and assign it"},
+    {"builtin", "calls what its argument names", "call the function directly"},
+    {"dbstack", OF_CALL, BEFORE},
+    {"eval", BY_NAME, "write the code out, or put it into a function"},
+    {"evalc", BY_NAME, "write the code out, or put it into a function"},
+    {"evalin", BY_NAME, "pass the value as an argument"},
+    {"feval", "calls what its argument names", "call the function directly"},
+    {"input", "waits for somebody at the keyboard", BEFORE},
+    {"inputname", OF_CALL, BEFORE},
+    {"load", BY_NAME, IN_FUNCTION},
+    {"nargin", OF_CALL, BEFORE},
+    {"narginchk", OF_CALL, "check before the construct"},
+    {"nargout", OF_CALL, BEFORE},
+    {"nargoutchk", OF_CALL, "check before the construct"},
+    {"save", BY_NAME, IN_FUNCTION},
+    {"varargin", OF_CALL, BEFORE},
+    {"who", BY_NAME, IN_FUNCTION},
+    {"whos", BY_NAME, IN_FUNCTION},
+}};
+
+RestrictedRow rowOf(std::string_view name) {
+    for (const RestrictedRow& row : RESTRICTED) {
+        if (row.name == name) return row;
+    }
+    return {name, "is on the library's list of restricted functions", IN_FUNCTION};
+}
+
+std::string quoted(std::string_view name) { return "'" + std::string(name) + "'"; }
+
+std::string lowered(std::string text) {
+    std::transform(text.begin(), text.end(), text.begin(), [](unsigned char character) {
+        return static_cast<char>(std::tolower(character));
+    });
+    return text;
+}
+
+/// The words that `parsePragma` knows, from the library itself.
+std::array<std::string, 8> knownDirectives() {
+    using zt::orvex::PragmaKind;
+    constexpr std::array<PragmaKind, 8> KINDS{
+        PragmaKind::codegen, PragmaKind::zel,       PragmaKind::function, PragmaKind::internal,
+        PragmaKind::vun,     PragmaKind::obfuscate, PragmaKind::ok,       PragmaKind::TestStandard};
+    std::array<std::string, 8> words;
+    std::transform(KINDS.begin(), KINDS.end(), words.begin(),
+                   [](PragmaKind kind) { return toUtf8(zt::orvex::pragmaKindToString(kind)); });
+    return words;
+}
+
+std::string helpForDirective(const std::string& name) {
+    const std::array<std::string, 8> known = knownDirectives();
+    std::string all;
+    for (const std::string& word : known) {
+        if (lowered(word) == lowered(name)) return "write " + quoted(word) + ": case counts";
+        all += (all.empty() ? "" : ", ") + word;
+    }
+    return "known directives: " + all;
+}
+
+} // namespace
+
+const char* keywordOf(ConstructKind kind) {
+    return kind == ConstructKind::Parfor ? "parfor" : "spmd";
+}
+
+Warning warnOfAns(ConstructKind kind, const Place& place) {
+    const std::string keyword = keywordOf(kind);
+    return {WarningKind::AnsReadFirst, "ans", place,
+            "'ans' may be read here before the " + keyword + " body has set it",
+            "assign what you mean to a variable of its own, and read that"};
+}
+
+Warning warnOfRestricted(ConstructKind kind, const std::string& name, const Place& place) {
+    const RestrictedRow row = rowOf(name);
+    return {WarningKind::RestrictedExternal, name, place,
+            quoted(name) + " is restricted in a " + keywordOf(kind) + " body: it " +
+                std::string(row.reason),
+            std::string(row.help)};
+}
+
+Warning warnOfUnknownPragma(const PragmaEntry& pragma) {
+    return {WarningKind::UnknownPragma, pragma.name, pragma.place,
+            "no directive is called " + quoted(pragma.name) + ", so tools pass over this pragma",
+            helpForDirective(pragma.name)};
+}
+
+} // namespace ostrel::report

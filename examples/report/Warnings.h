@@ -1,0 +1,17 @@
+#pragma once
+
+#include "report/ReportModel.h"
+
+#include <string>
+
+namespace ostrel::report {
+
+/// The texts of the warnings, for all writers.
+Warning warnOfAns(ConstructKind kind, const Place& place);
+Warning warnOfRestricted(ConstructKind kind, const std::string& name, const Place& place);
+Warning warnOfUnknownPragma(const PragmaEntry& pragma);
+
+/// `parfor` or `spmd`.
+const char* keywordOf(ConstructKind kind);
+
+} // namespace ostrel::report
