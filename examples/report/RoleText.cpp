@@ -1,0 +1,79 @@
+#include "report/RoleText.h"
+
+namespace ostrel::report {
+
+namespace {
+
+std::string at(const std::optional<Place>& place) {
+    if (!place) return "an unknown place";
+    return std::to_string(place->line) + ":" + std::to_string(place->column);
+}
+
+/// Where what was there before comes in.
+std::string firstUse(const Variable& variable) {
+    if (variable.isFirstReadPartialWrite)
+        return "written in part at " + at(variable.firstRead) + ", which keeps the rest";
+    return "first read at " + at(variable.firstRead) +
+           (variable.isReadOnEveryPath ? ", on every path" : "");
+}
+
+std::string noteOfSliced(const Variable& variable) {
+    if (!variable.hasOwnElements) return "written in parts, and not read before";
+    if (!variable.firstRead || variable.isFirstReadPartialWrite)
+        return "each iteration writes elements of its own";
+    return "each iteration reads and writes elements of its own, " + firstUse(variable);
+}
+
+std::string noteOfRead(const Variable& variable) {
+    return firstUse(variable) +
+           (variable.hasOwnElements ? "; each iteration reads elements of its own" : "");
+}
+
+} // namespace
+
+const char* nameOf(Role role) {
+    switch (role) {
+    case Role::LoopVariable:
+        return "loop variable";
+    case Role::Temporary:
+        return "temporary";
+    case Role::Sliced:
+        return "sliced";
+    case Role::Output:
+        return "output";
+    case Role::ReadFromOutside:
+        return "read from outside";
+    case Role::Carried:
+        return "carried";
+    case Role::Updated:
+        return "read, then written";
+    case Role::NamedOnly:
+        return "not used";
+    }
+    return "";
+}
+
+std::string noteOf(const Variable& variable) {
+    switch (variable.role) {
+    case Role::LoopVariable:
+        return variable.isInBody ? "" : "the body does not use it";
+    case Role::Temporary:
+        return "written before it is read, in each iteration anew";
+    case Role::Sliced:
+        return noteOfSliced(variable);
+    case Role::Output:
+        return "written before it is read";
+    case Role::ReadFromOutside:
+        return noteOfRead(variable);
+    case Role::Carried:
+        return firstUse(variable) + "; last written at " + at(variable.lastWrite) +
+               ", for an iteration to come";
+    case Role::Updated:
+        return firstUse(variable) + "; last written at " + at(variable.lastWrite);
+    case Role::NamedOnly:
+        return "no statement that control can reach reads or writes it";
+    }
+    return "";
+}
+
+} // namespace ostrel::report
