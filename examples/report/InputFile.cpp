@@ -1,0 +1,42 @@
+#include "report/InputFile.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <memory>
+#include <stdexcept>
+#include <system_error>
+
+namespace ostrel::report {
+
+namespace {
+
+[[noreturn]] void failWith(int error) {
+    throw std::runtime_error(error != 0 ? std::strerror(error) : "reading failed");
+}
+
+std::string readAll(std::FILE* file) {
+    std::string bytes;
+    char buffer[1 << 16];
+    errno = 0;
+    while (const std::size_t count = std::fread(buffer, 1, sizeof buffer, file))
+        bytes.append(buffer, count);
+    if (std::ferror(file) != 0) failWith(errno);
+    return bytes;
+}
+
+} // namespace
+
+std::string readInput(const std::string& path) {
+    if (path == "-") return readAll(stdin);
+    std::error_code ignored;
+    if (std::filesystem::is_directory(path, ignored)) failWith(EISDIR);
+    errno = 0;
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"),
+                                                               &std::fclose);
+    if (!file) failWith(errno);
+    return readAll(file.get());
+}
+
+} // namespace ostrel::report

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string>
+
+namespace ostrel::report {
+
+/// All bytes of a file, or of standard input if `path` is `-`. Throws std::runtime_error with the
+/// reason where they cannot be had.
+std::string readInput(const std::string& path);
+
+} // namespace ostrel::report

@@ -1,0 +1,17 @@
+#include "report/Options.h"
+#include "report/Run.h"
+
+#include <exception>
+#include <iostream>
+
+int main(int count, char** arguments) {
+    using namespace ostrel::report;
+    try {
+        const ParsedOptions parsed = parseOptions(count, arguments, formatNames());
+        if (parsed.exitStatus) return *parsed.exitStatus;
+        return run(parsed.options);
+    } catch (const std::exception& error) {
+        std::cerr << "orvex-report: " << error.what() << '\n';
+        return EXIT_CANNOT_DO;
+    }
+}

@@ -1,0 +1,141 @@
+#include "report/Run.h"
+
+#include "frontend/ParsedFile.h"
+#include "report/Analyze.h"
+#include "report/InputFile.h"
+#include "report/JsonReport.h"
+#include "report/Progress.h"
+#include "report/Terminal.h"
+#include "report/TextReport.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <optional>
+#include <stdexcept>
+#include <string_view>
+#include <system_error>
+
+namespace ostrel::report {
+
+namespace {
+
+/// The writers, by the name of their format.
+struct Format {
+    const char* name;
+    void (*write)(std::ostream& out, const Report& report, const TextStyle& style);
+};
+
+constexpr std::array<Format, 2> FORMATS{{
+    {"text", writeTextReport},
+    {"json", [](std::ostream& out, const Report& report,
+                const TextStyle&) { writeJsonReport(out, report); }},
+}};
+
+void complain(const std::string& message) { std::cerr << "orvex-report: " << message << '\n'; }
+
+/// Why a file that is not UTF-8 cannot be read, and from where on.
+std::string reasonOf(const ParsedFile& parsed) {
+    if (parsed.diagnostics.empty()) return "the file is not UTF-8";
+    const Diagnostic& first = parsed.diagnostics.front();
+    return "line " + std::to_string(first.line) + ", column " + std::to_string(first.column) +
+           ": " + first.message;
+}
+
+/// A file's report; throws std::runtime_error where the file cannot be read.
+File reportOn(const std::string& path) {
+    ParsedFile parsed = parseOstrel(path, readInput(path));
+    if (!parsed.isUtf8) throw std::runtime_error(reasonOf(parsed));
+    return analyze(std::move(parsed));
+}
+
+/// The text that the environment gives, or empty.
+std::string_view environment(const char* name) {
+    const char* value = std::getenv(name);
+    return value == nullptr ? std::string_view() : std::string_view(value);
+}
+
+TextStyle styleFor(const Options& options) {
+    const bool toTerminal = options.output.empty() && isTerminal(stdout);
+    const bool isWelcome = environment("NO_COLOR").empty() && environment("TERM") != "dumb";
+    TextStyle style;
+    style.isColored = options.color == ColorChoice::Always ||
+                      (options.color == ColorChoice::Auto && toTerminal && isWelcome);
+    if (toTerminal) style.width = terminalWidth(stdout, style.width);
+    return style;
+}
+
+bool isSameFile(const std::string& a, const std::string& b) {
+    std::error_code error;
+    return std::filesystem::equivalent(a, b, error) && !error;
+}
+
+/// Why the report must not go to `output`, if so.
+std::optional<std::string> objectionTo(const Options& options) {
+    for (const std::string& path : options.files) {
+        if (!options.output.empty() && isSameFile(options.output, path))
+            return "--output would overwrite the source file '" + path + "'";
+    }
+    return std::nullopt;
+}
+
+bool write(std::ostream& out, const Options& options, const Report& report) {
+    const auto format = std::find_if(FORMATS.begin(), FORMATS.end(), [&](const Format& each) {
+        return options.format == each.name;
+    });
+    format->write(out, report, styleFor(options));
+    out.flush();
+    return out.good();
+}
+
+int writeTo(const Options& options, const Report& report) {
+    errno = 0;
+    std::ofstream file;
+    if (!options.output.empty()) file.open(options.output, std::ios::binary);
+    const std::string target = options.output.empty() ? "the report" : "'" + options.output + "'";
+    std::ostream& out = options.output.empty() ? std::cout : file;
+    if (out.good() && write(out, options, report)) return EXIT_READ;
+    complain("cannot write " + target + ": " +
+             (errno != 0 ? std::strerror(errno) : "writing failed"));
+    return EXIT_CANNOT_DO;
+}
+
+} // namespace
+
+std::vector<std::string> formatNames() {
+    std::vector<std::string> names;
+    for (const Format& format : FORMATS)
+        names.push_back(format.name);
+    return names;
+}
+
+int run(const Options& options) {
+    if (const auto objection = objectionTo(options)) {
+        complain(*objection);
+        return EXIT_CANNOT_DO;
+    }
+    int status = EXIT_READ;
+    Report report;
+    Progress progress(options.files.size());
+    for (const std::string& path : options.files) {
+        progress.next(path);
+        try {
+            report.files.push_back(reportOn(path));
+            if (report.files.back().hasErrors()) status = std::max(status, EXIT_FILE_HAS_ERRORS);
+        } catch (const std::runtime_error& error) {
+            progress.erase();
+            complain("cannot read '" + path + "': " + error.what());
+            status = EXIT_CANNOT_DO;
+        }
+    }
+    progress.erase();
+    return std::max(status, writeTo(options, report));
+}
+
+} // namespace ostrel::report

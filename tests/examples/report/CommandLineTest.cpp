@@ -1,0 +1,241 @@
+#include "RunReport.h"
+
+#include "testing/Random.h"
+
+#include <gmock/gmock.h>
+#include <nlohmann/json.hpp>
+
+#include <filesystem>
+#include <sstream>
+#include <string>
+#include <unistd.h>
+
+namespace ostrel::report::testing {
+
+namespace {
+
+using ::testing::AllOf;
+using ::testing::AnyOf;
+using ::testing::HasSubstr;
+using ::testing::Not;
+using ::testing::StartsWith;
+using Json = nlohmann::ordered_json;
+
+constexpr const char* GOOD = "parfor k = 1:3, x(k) = 1; end\n";
+constexpr const char* BAD = "x = ;\nparfor k = 1:3, x(k) = 1; end\n";
+
+TEST(CommandLine, FileWithoutErrorsGives0) {
+    const ScratchFolder scratch;
+    const Outcome outcome = runReport({scratch.file("good.ost", GOOD)});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_THAT(outcome.output, HasSubstr("good.ost:1:1: parfor over k\n"));
+    EXPECT_EQ(outcome.errors, "");
+}
+
+TEST(CommandLine, FileWithErrorsGives1AndIsReported) {
+    const ScratchFolder scratch;
+    const Outcome outcome = runReport({scratch.file("bad.ost", BAD)});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.output, AllOf(HasSubstr("bad.ost:1:5: error: "), HasSubstr("over k")));
+    EXPECT_EQ(outcome.errors, "");
+}
+
+TEST(CommandLine, MinusReadsStandardInput) {
+    const Outcome outcome = runReport({"--format", "json", "-"}, GOOD);
+    EXPECT_EQ(outcome.status, 0);
+    const Json file = Json::parse(outcome.output)["files"][0];
+    EXPECT_EQ(file["path"], "-");
+    EXPECT_EQ(file["constructs"][0]["variable"], "k");
+}
+
+TEST(CommandLine, StandardInputCanBeReadOnceOnly) {
+    const Outcome outcome = runReport({"-", "-"}, GOOD);
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.errors, "orvex-report: standard input can be read once only\n");
+}
+
+TEST(CommandLine, HelpAndVersionGoToStandardOutput) {
+    const Outcome help = runReport({"--help"});
+    EXPECT_EQ(help.status, 0);
+    EXPECT_THAT(help.output,
+                AllOf(HasSubstr("--format"), HasSubstr("--output"), HasSubstr("--color"),
+                      HasSubstr("FILE"), HasSubstr("Exit status")));
+    EXPECT_EQ(help.errors, "");
+    const Outcome version = runReport({"--version"});
+    EXPECT_EQ(version.status, 0);
+    EXPECT_EQ(version.output, "orvex-report " ORVEX_REPORT_VERSION "\n");
+}
+
+TEST(CommandLine, WrongUsageGives2AndAMessage) {
+    const ScratchFolder scratch;
+    const std::string good = scratch.file("good.ost", GOOD);
+    const std::vector<std::vector<std::string>> wrong{
+        {},
+        {"--format", "xml", good},
+        {"--format"},
+        {"--color", "sometimes", good},
+        {"--output", "", good},
+        {"--unknown", good},
+        {"--format", "json"},
+    };
+    for (const std::vector<std::string>& arguments : wrong) {
+        const Outcome outcome = runReport(arguments);
+        EXPECT_EQ(outcome.status, 2);
+        EXPECT_EQ(outcome.output, "");
+        EXPECT_THAT(outcome.errors, StartsWith("orvex-report: "));
+    }
+}
+
+TEST(CommandLine, MissingFileGives2AndTheOthersAreReported) {
+    const ScratchFolder scratch;
+    const Outcome outcome = runReport({scratch.path("none.ost"), scratch.file("bad.ost", BAD)});
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.errors, "orvex-report: cannot read '" + scratch.path("none.ost") +
+                                  "': No such file or directory\n");
+    EXPECT_THAT(outcome.output, HasSubstr("bad.ost:2:1: parfor over k"));
+}
+
+TEST(CommandLine, FolderGives2) {
+    const ScratchFolder scratch;
+    const Outcome outcome = runReport({"--format", "json", scratch.path("")});
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_THAT(outcome.errors, HasSubstr("Is a directory"));
+    EXPECT_EQ(Json::parse(outcome.output)["files"], Json::array());
+}
+
+TEST(CommandLine, FileThatMayNotBeReadGives2) {
+    if (geteuid() == 0) GTEST_SKIP() << "the superuser may read everything";
+    const ScratchFolder scratch;
+    const std::string path = scratch.file("secret.ost", GOOD);
+    std::filesystem::permissions(path, std::filesystem::perms::none);
+    const Outcome outcome = runReport({path});
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_THAT(outcome.errors, HasSubstr("Permission denied"));
+}
+
+TEST(CommandLine, FileThatIsNotUtf8Gives2AndTheOthersAreReported) {
+    const ScratchFolder scratch;
+    const Outcome outcome =
+        runReport({scratch.file("latin.ost", "x = 'a\xE4';\n"), scratch.file("good.ost", GOOD)});
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_THAT(outcome.errors,
+                AllOf(StartsWith("orvex-report: cannot read '"),
+                      HasSubstr("latin.ost': line 1, column 7: "), HasSubstr("UTF-8")));
+    EXPECT_THAT(outcome.output, HasSubstr("good.ost:1:1: parfor over k"));
+}
+
+TEST(CommandLine, EmptyFileIsAProgram) {
+    const ScratchFolder scratch;
+    const Outcome outcome = runReport({scratch.file("empty.ost", "")});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_THAT(outcome.output, HasSubstr("empty.ost: no parfor or spmd statement"));
+}
+
+TEST(CommandLine, OutputWritesAFileWithoutColour) {
+    const ScratchFolder scratch;
+    const std::string good = scratch.file("good.ost", GOOD);
+    const Outcome outcome = runReport({"--output", scratch.path("report.txt"), good});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.output, "");
+    EXPECT_EQ(readFile(scratch.path("report.txt")), runReport({good}).output);
+}
+
+TEST(CommandLine, OutputThatCannotBeOpenedGives2) {
+    const ScratchFolder scratch;
+    const std::string good = scratch.file("good.ost", GOOD);
+    const Outcome outcome = runReport({"--output", scratch.path("no/such/folder"), good});
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_THAT(outcome.errors, StartsWith("orvex-report: cannot write '"));
+    EXPECT_EQ(runReport({"--output", scratch.path(""), good}).status, 2);
+}
+
+TEST(CommandLine, OutputThatCannotBeWrittenGives2) {
+    if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "no device that is always full";
+    const ScratchFolder scratch;
+    const Outcome outcome = runReport({"--output", "/dev/full", scratch.file("good.ost", GOOD)});
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_THAT(outcome.errors, HasSubstr("cannot write '/dev/full'"));
+}
+
+TEST(CommandLine, OutputDoesNotOverwriteASourceFile) {
+    const ScratchFolder scratch;
+    const std::string good = scratch.file("good.ost", GOOD);
+    const Outcome outcome = runReport({"--output", scratch.path("./good.ost"), good});
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_THAT(outcome.errors, HasSubstr("would overwrite"));
+    EXPECT_EQ(readFile(good), GOOD);
+}
+
+TEST(CommandLine, ColourIsForTerminalsUnlessAskedFor) {
+    const ScratchFolder scratch;
+    const std::string good = scratch.file("good.ost", GOOD);
+    const std::string escape = "\x1b[";
+    EXPECT_THAT(runReport({good}).output, Not(HasSubstr(escape)));
+    EXPECT_THAT(runReport({"--color", "always", good}).output, HasSubstr(escape));
+    EXPECT_THAT(runReportAtTerminal({good}, 80).output, HasSubstr(escape));
+    EXPECT_THAT(runReportAtTerminal({"--color=never", good}, 80).output, Not(HasSubstr(escape)));
+    EXPECT_THAT(runReportAtTerminal({"--format=json", good}, 80).output, Not(HasSubstr(escape)));
+    const std::vector<std::string> toFile{"--output", scratch.path("report.txt"), good};
+    EXPECT_EQ(runReportAtTerminal(toFile, 80).status, 0);
+    EXPECT_THAT(readFile(scratch.path("report.txt")), Not(HasSubstr(escape)));
+}
+
+TEST(CommandLine, TextKeepsToTheWidthOfTheTerminal) {
+    const ScratchFolder scratch;
+    const std::string path = scratch.file("s.ost", "s = 0;\nparfor k = 1:3, s = s + k; end\n");
+    for (const unsigned columns : {50U, 70U, 200U}) {
+        const Outcome outcome =
+            runReportAtTerminal({"--color=never", path}, static_cast<unsigned short>(columns));
+        std::istringstream lines(outcome.output);
+        std::size_t longest = 0;
+        for (std::string line; std::getline(lines, line);) {
+            while (!line.empty() && line.back() == '\r')
+                line.pop_back();
+            if (line.find(path) != 0) longest = std::max(longest, line.size());
+        }
+        EXPECT_LE(longest, columns);
+        EXPECT_GT(longest, 40U);
+    }
+}
+
+TEST(CommandLine, TenMegabytesOfOpenParenthesesAreAnError) {
+    const ScratchFolder scratch;
+    const Outcome outcome = runReport({scratch.file("open.ost", std::string(10'000'000, '('))});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.output, HasSubstr("open.ost:1:"));
+    EXPECT_THAT(outcome.output, HasSubstr(": error: "));
+    EXPECT_LT(outcome.output.size(), 10'000U);
+}
+
+TEST(CommandLine, RandomBytesNeverCrashIt) {
+    zt::orvex::testing::Random random;
+    SCOPED_TRACE(random.describe());
+    const ScratchFolder scratch;
+    for (int i = 0; i < 20; ++i) {
+        std::string bytes(random.below(3000), '\0');
+        for (char& byte : bytes)
+            byte = static_cast<char>(random.below(i % 2 == 0 ? 256 : 128));
+        const Outcome outcome = runReport({scratch.file("noise.ost", bytes)});
+        EXPECT_THAT(outcome.status, AnyOf(0, 1, 2));
+        EXPECT_NE(outcome.status == 2, outcome.errors.empty());
+    }
+}
+
+TEST(CommandLine, ProgramsCutOffAnywhereNeverCrashIt) {
+    zt::orvex::testing::Random random;
+    SCOPED_TRACE(random.describe());
+    const ScratchFolder scratch;
+    for (const auto& entry : std::filesystem::directory_iterator(OSTREL_PROGRAMS_FOLDER)) {
+        if (entry.path().extension() != ".ost") continue;
+        std::string text = readFile(entry.path().string());
+        text.resize(random.below(text.size()));
+        for (int i = 0; i < 5 && !text.empty(); ++i)
+            text[random.below(text.size())] = random.pick(std::string("()[]{}'\"%;,=\n\t@."));
+        const Outcome outcome = runReport({scratch.file("cut.ost", text)});
+        EXPECT_THAT(outcome.status, AnyOf(0, 1, 2)) << text;
+    }
+}
+
+} // namespace
+
+} // namespace ostrel::report::testing

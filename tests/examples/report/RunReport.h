@@ -1,0 +1,40 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace ostrel::report::testing {
+
+struct Outcome {
+    int status = -1; ///< The exit status; -1 when the program was killed.
+    std::string output;
+    std::string errors;
+};
+
+/// Runs the built program in a folder, with `input` on its standard input.
+Outcome runReport(const std::vector<std::string>& arguments, const std::string& input = "",
+                  const std::string& folder = ".");
+
+/// Runs it at a terminal of that many columns. What it writes to standard output and to standard
+/// error comes together, in `output`.
+Outcome runReportAtTerminal(const std::vector<std::string>& arguments, unsigned short columns);
+
+/// A folder for one test's files, removed at the end.
+class ScratchFolder {
+public:
+    ScratchFolder();
+    ~ScratchFolder();
+    ScratchFolder(const ScratchFolder&) = delete;
+    ScratchFolder& operator=(const ScratchFolder&) = delete;
+
+    std::string path(const std::string& name) const { return folder + "/" + name; }
+    /// Writes a file and gives its path.
+    std::string file(const std::string& name, const std::string& bytes) const;
+
+private:
+    std::string folder;
+};
+
+std::string readFile(const std::string& path);
+
+} // namespace ostrel::report::testing
