@@ -1,0 +1,159 @@
+#include "ReportOf.h"
+#include "RunReport.h"
+
+#include <gmock/gmock.h>
+#include <zt_orvex/ast/ForEachNodeIn.h>
+#include <zt_orvex/ast/NodeKind.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <filesystem>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace ostrel::report::testing {
+
+namespace {
+
+using ::testing::IsEmpty;
+using zt::orvex::NodeKind;
+using zt::orvex::NodeView;
+
+/// The names of the example programs, without `.ost`.
+std::vector<std::string> programNames() {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(OSTREL_PROGRAMS_FOLDER)) {
+        if (entry.path().extension() == ".ost") names.push_back(entry.path().stem().string());
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+std::string sourceOf(const std::string& name) {
+    return readFile(std::string(OSTREL_PROGRAMS_FOLDER) + "/" + name + ".ost");
+}
+
+class Program : public ::testing::TestWithParam<std::string> {};
+
+// After a change that is meant, write the files anew in examples/programs and read the difference:
+//     orvex-report --format json NAME.ost > expected/NAME.json
+void expectReport(const std::string& name, const std::string& format, const std::string& ending) {
+    const Outcome outcome =
+        runReport({"--format", format, name + ".ost"}, "", OSTREL_PROGRAMS_FOLDER);
+    const std::string expected =
+        readFile(std::string(OSTREL_PROGRAMS_FOLDER) + "/expected/" + name + ending);
+    EXPECT_EQ(outcome.status, name == "unfinished" ? 1 : 0);
+    EXPECT_EQ(outcome.errors, "");
+    ASSERT_FALSE(expected.empty());
+    EXPECT_EQ(outcome.output, expected);
+}
+
+TEST_P(Program, HasItsReportInText) { expectReport(GetParam(), "text", ".txt"); }
+
+TEST_P(Program, HasItsReportInJson) { expectReport(GetParam(), "json", ".json"); }
+
+INSTANTIATE_TEST_SUITE_P(Examples, Program, ::testing::ValuesIn(programNames()),
+                         [](const auto& test) { return test.param; });
+
+TEST(Programs, HoldEveryKindOfNode) {
+    std::set<NodeKind> found;
+    for (const std::string& name : programNames()) {
+        const ParsedFile file = parseOstrel(name, sourceOf(name));
+        zt::orvex::forEachNodeIn(file.root, [&](NodeView node) { found.insert(node.getKind()); });
+    }
+    // Patterns come from matchers, not from source text.
+    const std::set<NodeKind> absent{NodeKind::AnyExpression};
+    for (std::size_t kind = 1; kind <= 66; ++kind) {
+        const auto value = static_cast<NodeKind>(kind);
+        EXPECT_TRUE(found.count(value) + absent.count(value) == 1) << kind;
+    }
+}
+
+std::vector<Construct> allConstructs() {
+    std::vector<Construct> constructs;
+    for (const std::string& name : programNames()) {
+        const File file = reportOf(sourceOf(name));
+        constructs.insert(constructs.end(), file.constructs.begin(), file.constructs.end());
+    }
+    return constructs;
+}
+
+TEST(Programs, HaveVariablesOfEveryRole) {
+    std::set<Role> found;
+    for (const Construct& construct : allConstructs()) {
+        for (const Variable& variable : construct.variables)
+            found.insert(variable.role);
+    }
+    EXPECT_EQ(found, (std::set<Role>{Role::LoopVariable, Role::Temporary, Role::Sliced,
+                                     Role::Output, Role::ReadFromOutside, Role::Carried,
+                                     Role::Updated, Role::NamedOnly}));
+}
+
+bool contains(const std::vector<std::string>& names, const std::string& name) {
+    return std::find(names.begin(), names.end(), name) != names.end();
+}
+
+/// What the three answers about a variable of a `parfor` are, as text; "-" of an `spmd`.
+std::set<std::string> answersIn(const Construct& construct) {
+    std::set<std::string> answers;
+    for (const std::string& name : construct.universe) {
+        if (construct.kind == ConstructKind::Spmd) {
+            answers.insert(contains(construct.outputs, name) ? "output" : "no output");
+            continue;
+        }
+        const bool must = contains(construct.liveAsTemporary, name);
+        const bool may = contains(construct.maybeLiveAsTemporary, name);
+        const bool sliced = !contains(construct.notLiveAsSliced, name);
+        answers.insert(std::string(must  ? "surely live, "
+                                   : may ? "maybe live, "
+                                         : "not live, ") +
+                       (sliced ? "live as sliced" : "not live as sliced"));
+    }
+    const std::string keyword = construct.kind == ConstructKind::Parfor ? "parfor" : "spmd";
+    answers.insert(keyword + (construct.ansPossiblyReadBeforeBeingWritten ? " reads ans first"
+                                                                          : " does not read ans"));
+    answers.insert(keyword + (construct.restrictedExternals.empty() ? " is unrestricted"
+                                                                    : " uses restricted names"));
+    return answers;
+}
+
+TEST(Programs, ShowEveryResultOfTheAnalyses) {
+    std::set<std::string> found;
+    for (const Construct& construct : allConstructs())
+        found.merge(answersIn(construct));
+    EXPECT_EQ(found,
+              (std::set<std::string>{
+                  "maybe live, live as sliced", "maybe live, not live as sliced",
+                  "not live, not live as sliced", "surely live, live as sliced", "output",
+                  "no output", "parfor reads ans first", "parfor does not read ans",
+                  "spmd reads ans first", "spmd does not read ans", "parfor uses restricted names",
+                  "parfor is unrestricted", "spmd uses restricted names", "spmd is unrestricted"}));
+}
+
+TEST(Programs, HaveWarningsOfEveryKind) {
+    std::set<WarningKind> found;
+    for (const std::string& name : programNames()) {
+        const File file = reportOf(sourceOf(name));
+        for (const Warning& warning : file.warnings)
+            found.insert(warning.kind);
+        for (const Construct& construct : file.constructs) {
+            for (const Warning& warning : construct.warnings)
+                found.insert(warning.kind);
+        }
+    }
+    EXPECT_EQ(found.size(), 3U);
+}
+
+TEST(Programs, AreOfALengthThatPeopleWrite) {
+    for (const std::string& name : programNames()) {
+        const std::string text = sourceOf(name);
+        const auto lines = std::count(text.begin(), text.end(), '\n');
+        EXPECT_TRUE(lines >= 40 && lines <= 150) << name << ": " << lines;
+    }
+    EXPECT_GE(programNames().size(), 8U);
+}
+
+} // namespace
+
+} // namespace ostrel::report::testing
