@@ -1,0 +1,71 @@
+// orvex-match: tells whether two Ostrel programs say the same, and where they part.
+
+#include "frontend/ParsedFile.h"
+#include "match/TreeMatcher.h"
+
+#include <zt_orvex/equivalence/EquivalenceFullLogger.h>
+
+#include <CLI/CLI.hpp>
+
+#include <fstream>
+#include <iostream>
+#include <iterator>
+#include <optional>
+#include <string>
+
+namespace {
+
+enum ExitStatus { EQUIVALENT = 0, DIFFERENT = 1, FAILED = 2 };
+
+std::optional<std::string> readFile(const std::string& path) {
+    std::ifstream stream(path, std::ios::binary);
+    std::string text{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+    if (!stream.good() && !stream.eof()) return {};
+    return text;
+}
+
+/// The parsed file, or nothing, with the reason on standard error.
+std::optional<ostrel::ParsedFile> parseFile(const std::string& path) {
+    const std::optional<std::string> text = readFile(path);
+    if (!text) {
+        std::cerr << path << ": error: cannot be read\n";
+        return {};
+    }
+    ostrel::ParsedFile file = ostrel::parseOstrel(path, *text);
+    for (const ostrel::Diagnostic& diagnostic : file.diagnostics) {
+        std::cerr << path << ':' << diagnostic.line << ':' << diagnostic.column
+                  << ": error: " << diagnostic.message << '\n';
+    }
+    if (file.hasErrors()) return {};
+    return file;
+}
+
+int compare(const std::string& firstPath, const std::string& secondPath) {
+    const std::optional<ostrel::ParsedFile> first = parseFile(firstPath);
+    const std::optional<ostrel::ParsedFile> second = parseFile(secondPath);
+    if (!first || !second) return FAILED;
+    zt::orvex::internal::EquivalenceFullLogger logger;
+    ostrel::TreeMatcher matcher({*first->tree, first->source}, {*second->tree, second->source},
+                                logger);
+    if (matcher.match()) return EQUIVALENT;
+    std::cout << logger.getLog();
+    return DIFFERENT;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    CLI::App app("Compares two Ostrel programs and prints where they differ. Exit status: 0 when "
+                 "they are equivalent, 1 when not, 2 on errors.",
+                 "orvex-match");
+    std::string first;
+    std::string second;
+    app.add_option("A", first, "The first program")->required();
+    app.add_option("B", second, "The second program")->required();
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? EQUIVALENT : FAILED;
+    }
+    return compare(first, second);
+}

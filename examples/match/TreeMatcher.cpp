@@ -1,0 +1,151 @@
+#include "match/TreeMatcher.h"
+
+#include "tree/NodeShape.h"
+
+#include <zt_orvex/ast/Operators.h>
+
+namespace ostrel {
+
+using zt::orvex::NodeKind;
+using zt::orvex::NodeView;
+
+namespace {
+
+/// The name of a kind, for people. The library itself prints kinds as numbers.
+const char* nameOf(NodeKind kind) {
+    switch (kind) {
+#define ZT_ORVEX_NODE_KIND(Name, Class)                                                            \
+    case NodeKind::Name:                                                                           \
+        return #Name;
+#include <zt_orvex/ast/NodeKinds.def>
+    case NodeKind::Invalid:
+        break;
+    }
+    return "Invalid";
+}
+
+Position positionOf(const MatchedProgram& program, NodeView node) {
+    return program.source.position(program.tree.beginOffset(node));
+}
+
+std::string describe(const MatchedProgram& program, NodeView node) {
+    const Position position = positionOf(program, node);
+    return std::string(nameOf(node.getKind())) + " at " + std::to_string(position.line) + ":" +
+           std::to_string(position.column);
+}
+
+unsigned lineOf(const MatchedProgram& program, NodeView node) {
+    return static_cast<unsigned>(positionOf(program, node).line);
+}
+
+const Field& fieldOf(const Tree& tree, NodeView node, std::size_t index) {
+    return tree.parts().fields[tree.parts().nodes[node.node].data + index];
+}
+
+} // namespace
+
+bool TreeMatcher::match() {
+    logger.startNewMatch();
+    return matchNodes(first.tree.root(), second.tree.root());
+}
+
+bool TreeMatcher::matchNodes(NodeView a, NodeView b) {
+    logger.beginMatching(describe(first, a), describe(second, b));
+    const bool matched = matchKinds(a, b) && matchOwnText(a, b) && matchChildren(a, b);
+    logger.doneMatching(matched);
+    return matched;
+}
+
+bool TreeMatcher::matchKinds(NodeView a, NodeView b) {
+    if (a.getKind() == b.getKind()) return true;
+    logger.logMismatchedNodes(describe(first, a), describe(second, b), a.getKind(), b.getKind(),
+                              lineOf(first, a), lineOf(second, b));
+    return false;
+}
+
+/// Compares what a node says by itself, without its children.
+bool TreeMatcher::matchOwnText(NodeView a, NodeView b) {
+    switch (a.getKind()) {
+    case NodeKind::Identifier:
+        return matchStrings(first.tree.getIdentifierName(a.node),
+                            second.tree.getIdentifierName(b.node));
+    case NodeKind::CharacterLiteral:
+    case NodeKind::NumberLiteral:
+    case NodeKind::StringLiteral:
+        return matchStrings(first.tree.spelling(a), second.tree.spelling(b));
+    case NodeKind::BinaryOperation:
+        if (first.tree.getBinaryOperator(a.node) == second.tree.getBinaryOperator(b.node)) {
+            return true;
+        }
+        break;
+    case NodeKind::UnaryOperation:
+        if (first.tree.getUnaryOperator(a.node) == second.tree.getUnaryOperator(b.node)) {
+            return true;
+        }
+        break;
+    default:
+        return true;
+    }
+    logger.log("Operators do not match");
+    return false;
+}
+
+bool TreeMatcher::matchStrings(std::u16string_view a, std::u16string_view b) {
+    logger.beginMatchingStrings(a, b);
+    const bool matched = a == b;
+    logger.doneMatching(matched);
+    return matched;
+}
+
+bool TreeMatcher::matchChildren(NodeView a, NodeView b) {
+    const NodeShape& shape = shapeOf(a.getKind());
+    for (std::size_t i = 0; i < shape.count; ++i) {
+        const Field inFirst = fieldOf(first.tree, a, i);
+        const Field inSecond = fieldOf(second.tree, b, i);
+        bool matched = true;
+        switch (shape.fields[i]) {
+        case FieldKind::One:
+            matched = matchNodes(first.tree.view(inFirst.begin), second.tree.view(inSecond.begin));
+            break;
+        case FieldKind::Maybe:
+            matched = matchOptional(inFirst, inSecond);
+            break;
+        case FieldKind::Each:
+            matched = matchRange(inFirst, inSecond);
+            break;
+        }
+        if (!matched) return false;
+    }
+    return true;
+}
+
+bool TreeMatcher::matchOptional(Field a, Field b) {
+    if (a.count == 0 && b.count == 0) return true;
+    if (a.count != 0 && b.count != 0) {
+        return matchNodes(first.tree.view(a.begin), second.tree.view(b.begin));
+    }
+    const bool isInFirst = a.count != 0;
+    const MatchedProgram& owner = isInFirst ? first : second;
+    const NodeView present = owner.tree.view(isInFirst ? a.begin : b.begin);
+    logger.logMismatchedOptionals(isInFirst, describe(owner, present), present.getKind(),
+                                  lineOf(owner, present));
+    return false;
+}
+
+bool TreeMatcher::matchRange(Field a, Field b) {
+    logger.beginMatchingRange();
+    bool matched = true;
+    for (std::uint32_t i = 0; matched && i < a.count && i < b.count; ++i) {
+        logger.logRangeIndex(i);
+        matched = matchNodes(first.tree.view(first.tree.parts().elements[a.begin + i]),
+                             second.tree.view(second.tree.parts().elements[b.begin + i]));
+    }
+    if (matched && a.count != b.count) {
+        logger.log("Ranges do not have the same length");
+        matched = false;
+    }
+    logger.doneMatching(matched);
+    return matched;
+}
+
+} // namespace ostrel
