@@ -1,0 +1,18 @@
+#pragma once
+
+#include "report/ReportModel.h"
+
+#include <iosfwd>
+
+namespace ostrel::report {
+
+/// Writes the report as one page that needs nothing else: no network, no other file.
+///
+/// The source stands with line numbers; inside a construct each variable is coloured by its role in
+/// the innermost construct that names it, and underlined in a manner that also tells the role
+/// without colour. Beside it stand a legend and, for each construct, a table of its variables; a
+/// click on a variable or a row, or Enter on a row, marks all places of that variable. Linear in
+/// the report.
+void writeHtml(std::ostream& out, const Report& report);
+
+} // namespace ostrel::report
