@@ -1,5 +1,6 @@
 // orvex-match: tells whether two Ostrel programs say the same, and where they part.
 
+#include "frontend/InputFile.h"
 #include "frontend/ParsedFile.h"
 #include "match/TreeMatcher.h"
 
@@ -7,30 +8,28 @@
 
 #include <CLI/CLI.hpp>
 
-#include <fstream>
 #include <iostream>
-#include <iterator>
 #include <optional>
+#include <stdexcept>
 #include <string>
 
 namespace {
 
 enum ExitStatus { EQUIVALENT = 0, DIFFERENT = 1, FAILED = 2 };
 
-std::optional<std::string> readFile(const std::string& path) {
-    std::ifstream stream(path, std::ios::binary);
-    std::string text{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
-    if (!stream.good() && !stream.eof()) return {};
-    return text;
+std::optional<std::string> readText(const std::string& path) {
+    try {
+        return ostrel::readInput(path);
+    } catch (const std::runtime_error& error) {
+        std::cerr << "orvex-match: cannot read '" << path << "': " << error.what() << '\n';
+        return {};
+    }
 }
 
 /// The parsed file, or nothing, with the reason on standard error.
 std::optional<ostrel::ParsedFile> parseFile(const std::string& path) {
-    const std::optional<std::string> text = readFile(path);
-    if (!text) {
-        std::cerr << path << ": error: cannot be read\n";
-        return {};
-    }
+    const std::optional<std::string> text = readText(path);
+    if (!text) return {};
     ostrel::ParsedFile file = ostrel::parseOstrel(path, *text);
     for (const ostrel::Diagnostic& diagnostic : file.diagnostics) {
         std::cerr << path << ':' << diagnostic.line << ':' << diagnostic.column
@@ -58,6 +57,7 @@ int main(int argc, char** argv) {
     CLI::App app("Compares two Ostrel programs and prints where they differ. Exit status: 0 when "
                  "they are equivalent, 1 when not, 2 on errors.",
                  "orvex-match");
+    app.set_version_flag("--version", "orvex-match " ORVEX_MATCH_VERSION);
     std::string first;
     std::string second;
     app.add_option("A", first, "The first program")->required();

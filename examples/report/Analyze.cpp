@@ -40,6 +40,7 @@ public:
             tryAddConstruct(construct);
         addRestrictedWarnings();
         sortWarnings();
+        file.syntax = findSyntaxSpans(parsed);
         file.source = std::move(parsed.source);
         return std::move(file);
     }

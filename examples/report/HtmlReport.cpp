@@ -315,6 +315,6 @@ private:
 
 } // namespace
 
-void writeHtml(std::ostream& out, const Report& report) { HtmlWriter(out).write(report); }
+void writeHtmlReport(std::ostream& out, const Report& report) { HtmlWriter(out).write(report); }
 
 } // namespace ostrel::report

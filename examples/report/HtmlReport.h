@@ -13,6 +13,6 @@ namespace ostrel::report {
 /// without colour. Beside it stand a legend and, for each construct, a table of its variables; a
 /// click on a variable or a row, or Enter on a row, marks all places of that variable. Linear in
 /// the report.
-void writeHtml(std::ostream& out, const Report& report);
+void writeHtmlReport(std::ostream& out, const Report& report);
 
 } // namespace ostrel::report

@@ -1,8 +1,9 @@
 #include "report/Run.h"
 
+#include "frontend/InputFile.h"
 #include "frontend/ParsedFile.h"
 #include "report/Analyze.h"
-#include "report/InputFile.h"
+#include "report/HtmlReport.h"
 #include "report/JsonReport.h"
 #include "report/Progress.h"
 #include "report/Terminal.h"
@@ -32,10 +33,12 @@ struct Format {
     void (*write)(std::ostream& out, const Report& report, const TextStyle& style);
 };
 
-constexpr std::array<Format, 2> FORMATS{{
+constexpr std::array<Format, 3> FORMATS{{
     {"text", writeTextReport},
     {"json", [](std::ostream& out, const Report& report,
                 const TextStyle&) { writeJsonReport(out, report); }},
+    {"html", [](std::ostream& out, const Report& report,
+                const TextStyle&) { writeHtmlReport(out, report); }},
 }};
 
 void complain(const std::string& message) { std::cerr << "orvex-report: " << message << '\n'; }

@@ -30,7 +30,7 @@ class BitSet {
 public:
     /// The empty set.
     explicit BitSet(const OrderedSet<T>& over)
-        : universe(&over), bits(over.size() & SIZE_MASK), isPooled(false) {
+        : universe(&over), bits(over.size() & SIZE_MASK), isPooled(false), words(nullptr) {
         words = newWords(wordCount());
         std::fill_n(words, wordCount(), 0);
     }
@@ -253,7 +253,8 @@ private:
     }
 
     /// The begin of a copy: all but the words.
-    BitSet(const BitSet& other, bool pooled) : universe(other.universe), isPooled(pooled) {
+    BitSet(const BitSet& other, bool pooled)
+        : universe(other.universe), isPooled(pooled), words(nullptr) {
         other.growToUniverse();
         bits = other.bits;
     }

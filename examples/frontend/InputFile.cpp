@@ -1,4 +1,4 @@
-#include "report/InputFile.h"
+#include "frontend/InputFile.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -8,7 +8,7 @@
 #include <stdexcept>
 #include <system_error>
 
-namespace ostrel::report {
+namespace ostrel {
 
 namespace {
 
@@ -39,4 +39,4 @@ std::string readInput(const std::string& path) {
     return readAll(file.get());
 }
 
-} // namespace ostrel::report
+} // namespace ostrel

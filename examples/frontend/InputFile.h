@@ -2,10 +2,10 @@
 
 #include <string>
 
-namespace ostrel::report {
+namespace ostrel {
 
 /// All bytes of a file, or of standard input if `path` is `-`. Throws std::runtime_error with the
 /// reason where they cannot be had.
 std::string readInput(const std::string& path);
 
-} // namespace ostrel::report
+} // namespace ostrel

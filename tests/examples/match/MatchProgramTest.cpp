@@ -1,0 +1,65 @@
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <string>
+#include <sys/wait.h>
+
+namespace {
+
+struct Outcome {
+    int status;
+    std::string output; // with what goes to standard error
+};
+
+Outcome run(const std::string& arguments) {
+    const std::string command = std::string(ORVEX_MATCH_PROGRAM) + " " + arguments + " 2>&1";
+    Outcome outcome{-1, ""};
+    std::FILE* const pipe = popen(command.c_str(), "r");
+    if (pipe == nullptr) return outcome;
+    char buffer[4096];
+    while (const std::size_t count = std::fread(buffer, 1, sizeof buffer, pipe))
+        outcome.output.append(buffer, count);
+    const int status = pclose(pipe);
+    if (WIFEXITED(status)) outcome.status = WEXITSTATUS(status);
+    return outcome;
+}
+
+std::string program(const std::string& name) {
+    return std::string("'") + OSTREL_PROGRAMS_FOLDER + "/" + name + ".ost'";
+}
+
+} // namespace
+
+TEST(MatchProgram, EquivalentProgramsGiveStatus0AndNoOutput) {
+    const Outcome outcome = run(program("kmeans") + " " + program("kmeans"));
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.output, "");
+}
+
+TEST(MatchProgram, DifferentProgramsGiveStatus1AndTheLog) {
+    const Outcome outcome = run(program("kmeans") + " " + program("nbody"));
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.output.find("Matching Program at 1:1 against Program at 1:1\n"), 0u);
+}
+
+TEST(MatchProgram, MissingFileAndDirectoryGiveStatus2) {
+    EXPECT_EQ(run(program("kmeans") + " /nowhere/at/all.ost").status, 2);
+    EXPECT_EQ(run(program("kmeans") + " '" OSTREL_PROGRAMS_FOLDER "'").status, 2);
+}
+
+TEST(MatchProgram, ProgramWithErrorsGivesStatus2AndSaysWhere) {
+    const Outcome outcome = run(program("unfinished") + " " + program("kmeans"));
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_NE(outcome.output.find("unfinished.ost:"), std::string::npos);
+    EXPECT_NE(outcome.output.find(": error: "), std::string::npos);
+}
+
+TEST(MatchProgram, WrongUsageGivesStatus2) {
+    EXPECT_EQ(run("").status, 2);
+    EXPECT_EQ(run("--nonsense a b").status, 2);
+}
+
+TEST(MatchProgram, HelpAndVersionGiveStatus0) {
+    EXPECT_EQ(run("--help").status, 0);
+    EXPECT_EQ(run("--version").status, 0);
+}

@@ -1,0 +1,104 @@
+#include "match/TreeMatcher.h"
+
+#include "Programs.h"
+#include "syntax/Printer.h"
+
+#include <gtest/gtest.h>
+#include <zt_orvex/equivalence/EquivalenceFullLogger.h>
+#include <zt_orvex/equivalence/EquivalenceNullLogger.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <string_view>
+
+namespace ostrel::testing {
+
+namespace {
+
+/// The log of a match that fails; empty when the programs match.
+std::string difference(std::string_view a, std::string_view b) {
+    const ParsedFile first = parse(a);
+    const ParsedFile second = parse(b);
+    zt::orvex::internal::EquivalenceFullLogger logger;
+    TreeMatcher matcher({*first.tree, first.source}, {*second.tree, second.source}, logger);
+    return matcher.match() ? "" : logger.getLog();
+}
+
+bool matches(std::string_view a, std::string_view b) { return difference(a, b).empty(); }
+
+std::string textOf(const std::filesystem::path& path) {
+    std::ifstream stream(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+}
+
+} // namespace
+
+TEST(TreeMatcher, LayoutAndCommentsPlayNoPart) {
+    EXPECT_TRUE(matches("x = 1 + a; % one\n", "\n  x=1+a;"));
+}
+
+TEST(TreeMatcher, EmptyProgramsMatch) { EXPECT_TRUE(matches("", "% nothing\n")); }
+
+TEST(TreeMatcher, TellsNamesLiteralsAndOperatorsApart) {
+    EXPECT_FALSE(matches("x = 1;", "y = 1;"));
+    EXPECT_FALSE(matches("x = 1;", "x = 2;"));
+    EXPECT_FALSE(matches("x = 'a';", "x = 'b';"));
+    EXPECT_FALSE(matches("x = \"a\";", "x = \"b\";"));
+    EXPECT_FALSE(matches("x = a + b;", "x = a - b;"));
+    EXPECT_FALSE(matches("x = -a;", "x = +a;"));
+}
+
+TEST(TreeMatcher, TellsKindsLengthsAndAbsentPartsApart) {
+    EXPECT_FALSE(matches("x = 1;", "x = 1"));
+    EXPECT_FALSE(matches("x = 1;", "x = 1; y = 2;"));
+    EXPECT_FALSE(matches("if a, b = 1; end", "if a, b = 1; else, end"));
+    EXPECT_FALSE(matches("x = 1:n;", "x = 1:2:n;"));
+}
+
+TEST(TreeMatcher, LogShowsTheWayToTheFirstDifference) {
+    const std::string rule = "-> NODES DO NOT MATCH < < < < < < < < < < < < < < < < < < < < \n";
+    EXPECT_EQ(
+        difference("x = 1;\ny = 2;", "x = 1;\nz = 2;"),
+        "Matching Program at 1:1 against Program at 1:1\n"
+        "    Matching boost::iterator_range\n"
+        "        -> Matching nodes at index 0 of boost::iterator_range\n"
+        "        Matching AssignmentStatement at 1:1 against AssignmentStatement at 1:1 - OK\n"
+        "        -> Matching nodes at index 1 of boost::iterator_range\n"
+        "        Matching AssignmentStatement at 2:1 against AssignmentStatement at 2:1\n"
+        "            Matching Identifier at 2:1 against Identifier at 2:1\n"
+        "                Matching strings [y] and [z]\n"
+        "                    " +
+            rule + "                " + rule + "            " + rule + "        " + rule + "    " +
+            rule);
+}
+
+TEST(TreeMatcher, LogSaysWhichOptionalIsMissing) {
+    EXPECT_NE(difference("x = 1:n;", "x = 1:2:n;")
+                  .find("-> boost::optionals do not match (one is empty, the other is not)\n"),
+              std::string::npos);
+}
+
+TEST(TreeMatcher, NullLoggerGivesTheSameAnswer) {
+    const ParsedFile first = parse("x = 1;");
+    const ParsedFile second = parse("x = 2;");
+    zt::orvex::internal::EquivalenceNullLogger logger;
+    EXPECT_FALSE(
+        TreeMatcher({*first.tree, first.source}, {*second.tree, second.source}, logger).match());
+    EXPECT_TRUE(
+        TreeMatcher({*first.tree, first.source}, {*first.tree, first.source}, logger).match());
+}
+
+TEST(TreeMatcher, PrintedProgramsAreEquivalentToTheirSource) {
+    std::size_t programs = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(OSTREL_PROGRAMS_FOLDER)) {
+        if (entry.path().extension() != ".ost" || entry.path().stem() == "unfinished") continue;
+        const std::string source = textOf(entry.path());
+        EXPECT_EQ(difference(source, printSource(*parse(source).tree)), "") << entry.path();
+        ++programs;
+    }
+    EXPECT_GE(programs, 8u);
+}
+
+} // namespace ostrel::testing
