@@ -37,7 +37,14 @@ template <class Integer>
 class IntegerVisitors : public ::testing::Test {};
 using Integers = ::testing::Types<unsigned char, unsigned short, unsigned int, unsigned long long,
                                   signed char, short, int, long long>;
-TYPED_TEST_SUITE(IntegerVisitors, Integers);
+/// By suffix, for the names of the tests.
+struct SuffixOf {
+    template <class Integer>
+    static std::string GetName(int) {
+        return (std::is_signed_v<Integer> ? "s" : "u") + std::to_string(8 * sizeof(Integer));
+    }
+};
+TYPED_TEST_SUITE(IntegerVisitors, Integers, SuffixOf);
 
 TYPED_TEST(IntegerVisitors, CompareInTheTypeOfTheValue) {
     using Limits = std::numeric_limits<TypeParam>;

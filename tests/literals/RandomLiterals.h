@@ -22,9 +22,9 @@ inline std::string randomInteger(Random& random, bool isHex) {
     constexpr std::array<std::string_view, 4> WIDTHS = {"8", "16", "32", "64"};
     std::string text = "0";
     text += random.pick(std::string_view(isHex ? "xX" : "bB"));
-    if (random.oneIn(6)) text += std::string(random.below(70), '0');
-    text += randomDigits(random, random.below(isHex ? 18 : 68),
-                         isHex ? "0123456789ABCDEFabcdef" : "01");
+    if (random.oneIn(12)) text += std::string(random.below(70), '0');
+    const std::size_t most = isHex ? 18 : random.oneIn(4) ? 68 : 20;
+    text += randomDigits(random, random.below(most), isHex ? "0123456789ABCDEFabcdef" : "01");
     if (random.oneIn(3)) return text;
     text += random.pick(std::string_view("uUsS"));
     text += random.pick(WIDTHS);

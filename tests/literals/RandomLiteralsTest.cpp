@@ -17,6 +17,13 @@
 namespace zt::orvex::testing {
 namespace {
 
+// The engine for 8-bit text takes microseconds for each without optimisation.
+#if defined(__OPTIMIZE__)
+constexpr std::size_t TEXTS = 200000;
+#else
+constexpr std::size_t TEXTS = 40000;
+#endif
+
 using internal::IntegerLiteralValue;
 using internal::LiteralValidationResult;
 
@@ -117,7 +124,7 @@ TEST(RandomLiterals, IntegersFollowThePlainRules) {
     Random random;
     SCOPED_TRACE(random.describe());
     std::size_t wellFormed = 0;
-    for (std::size_t round = 0; round < rounds(300000); ++round) {
+    for (std::size_t round = 0; round < rounds(TEXTS); ++round) {
         const bool isHex = random.oneIn(2);
         const std::string text =
             randomLiteral(random, isHex ? LiteralKind::Hexadecimal : LiteralKind::Binary);
@@ -130,14 +137,14 @@ TEST(RandomLiterals, IntegersFollowThePlainRules) {
         ++wellFormed;
         ASSERT_EQ(outcome, expectedValue(integer, isHex)) << text;
     }
-    EXPECT_GT(wellFormed, rounds(300000) / 4);
+    EXPECT_GT(wellFormed, rounds(TEXTS) / 4);
 }
 
 TEST(RandomLiterals, DoublesFollowThePlainRules) {
     Random random;
     SCOPED_TRACE(random.describe());
     std::size_t wellFormed = 0;
-    for (std::size_t round = 0; round < rounds(300000); ++round) {
+    for (std::size_t round = 0; round < rounds(TEXTS); ++round) {
         const std::string text = randomLiteral(random, LiteralKind::Double);
         const bool isWellFormed = isDouble(text);
         ASSERT_EQ(validateDoubleLiteral(text) == LiteralValidationResult::Valid, isWellFormed)
@@ -153,14 +160,14 @@ TEST(RandomLiterals, DoublesFollowThePlainRules) {
             ASSERT_EQ(outcome.rfind("Conversion failed converting '", 0), 0U) << text;
         }
     }
-    EXPECT_GT(wellFormed, rounds(300000) / 4);
+    EXPECT_GT(wellFormed, rounds(TEXTS) / 4);
 }
 
 /// Nothing but the two widths against each other, so that a million texts are cheap.
-TEST(RandomLiterals, WidthsAgreeOnAMillionTexts) {
+TEST(RandomLiterals, WidthsAgreeOnManyMoreTexts) {
     Random random;
     SCOPED_TRACE(random.describe());
-    for (std::size_t round = 0; round < rounds(1000000); ++round) {
+    for (std::size_t round = 0; round < rounds(10 * TEXTS); ++round) {
         const auto kind = static_cast<LiteralKind>(random.below(3));
         const std::string narrow = randomLiteral(random, kind);
         const std::u16string wide = widen(narrow);
