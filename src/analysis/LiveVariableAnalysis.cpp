@@ -27,9 +27,9 @@ public:
     void visit(const ImplicitCommandStatementView& s) { analysis.enterNodeUntracked(s, flow); }
     void visit(const PersistentDeclarationView& s) { analysis.enterNodeUntracked(s, flow); }
 
-    void visit(const BreakStatementView& s) { jump(s); }
-    void visit(const ContinueStatementView& s) { jump(s); }
-    void visit(const ReturnStatementView& s) { jump(s); }
+    void visit(const BreakStatementView& s) { jump(s, flow.jumps); }
+    void visit(const ContinueStatementView& s) { jump(s, flow.jumps); }
+    void visit(const ReturnStatementView& s) { jump(s, analysis.returns); }
 
     /// The inner statement stands before the print in the flow.
     void visit(const PrintStatementView& s) {
@@ -135,10 +135,10 @@ private:
         flow.pending.insert(node);
     }
 
-    void jump(const NodeView& statement) {
+    void jump(const NodeView& statement, NodeSet& waiting) {
         FlowNode* const node = analysis.addNodeEquations(statement);
         analysis.connect(flow.pending, node);
-        flow.jumps.insert(node);
+        waiting.insert(node);
         flow.pending.clear();
     }
 
@@ -187,6 +187,7 @@ LiveVariableAnalysis::LiveVariableAnalysis(const OrderedSet<SymbolView>& univers
     connect(pending, exit);
     // A return ends here, and so does a break or continue that no loop encloses.
     connect(jumps, exit);
+    connect(returns, exit);
     system = builder.build();
     sweeps = system->solve();
 }
@@ -258,7 +259,7 @@ void LiveVariableAnalysis::processStatementRange(const StatementRangeView& range
 }
 
 /// The end of the body and each `continue` flow back to the head; the head and each `break` leave
-/// the loop; a `return` leaves all loops.
+/// the loop.
 void LiveVariableAnalysis::closeLoop(FlowNode* loop, const NodeSet& bodyJumps, const Flow& flow) {
     connect(flow.pending, loop);
     const NodeSet continues = selectByKind(bodyJumps, NodeKind::ContinueStatement);
@@ -266,7 +267,6 @@ void LiveVariableAnalysis::closeLoop(FlowNode* loop, const NodeSet& bodyJumps, c
     flow.pending.clear();
     flow.pending.insert(loop);
     flow.pending.insertAll(selectByKind(bodyJumps, NodeKind::BreakStatement));
-    flow.jumps.insertAll(selectByKind(bodyJumps, NodeKind::ReturnStatement));
 }
 
 /// Deliberate: no back edge. Iterations are independent of one another, so the body runs once or
@@ -276,7 +276,6 @@ void LiveVariableAnalysis::closeParallelLoop(FlowNode* loop, const NodeSet& body
     flow.pending.insert(loop);
     flow.pending.insertAll(selectByKind(bodyJumps, NodeKind::BreakStatement));
     flow.pending.insertAll(selectByKind(bodyJumps, NodeKind::ContinueStatement));
-    flow.jumps.insertAll(selectByKind(bodyJumps, NodeKind::ReturnStatement));
 }
 
 LiveVariableAnalysis::NodeSet LiveVariableAnalysis::selectByKind(const NodeSet& set,

@@ -68,7 +68,7 @@ private:
     /// What statements hand on while they are processed.
     struct Flow {
         NodeSet& pending;  ///< From where control reaches the next statement; empty after a jump.
-        NodeSet& jumps;    ///< Jumps that no enclosing loop has resolved yet.
+        NodeSet& jumps;    ///< Each `break` and `continue` of the innermost loop, or of none.
         NodeSet* tryNodes; ///< Where the innermost `try` body can fail; null outside of any.
     };
 
@@ -97,6 +97,7 @@ private:
     std::shared_ptr<SystemOfEquations<Lattice>> system;
 
     std::deque<FlowNode> nodes; // in order of addNodeEquations
+    NodeSet returns;            // they wait for the exit, whatever loops enclose them
     FlowNode* entry = nullptr;
     std::uint64_t sweeps = 0;
 };
