@@ -1,0 +1,156 @@
+// A program of its own: it replaces the allocation functions of the whole program.
+
+#include "analysis/AnalysisFixture.h"
+
+#include <zt_orvex/analysis/LiveVariables.h>
+#include <zt_orvex/analysis/TransparentLiveVariablesAnalyzerView.h>
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <cstdlib>
+#include <functional>
+#include <memory>
+#include <new>
+#include <string>
+
+namespace {
+
+std::size_t allocations = 0;
+std::size_t living = 0;
+
+void* allocate(std::size_t size) {
+    void* const memory = std::malloc(size == 0 ? 1 : size);
+    if (memory == nullptr) throw std::bad_alloc();
+    ++allocations;
+    ++living;
+    return memory;
+}
+
+void release(void* memory) {
+    if (memory == nullptr) return;
+    --living;
+    std::free(memory);
+}
+
+} // namespace
+
+void* operator new(std::size_t size) { return allocate(size); }
+void* operator new[](std::size_t size) { return allocate(size); }
+void operator delete(void* memory) noexcept { release(memory); }
+void operator delete[](void* memory) noexcept { release(memory); }
+void operator delete(void* memory, std::size_t) noexcept { release(memory); }
+void operator delete[](void* memory, std::size_t) noexcept { release(memory); }
+
+namespace zt::orvex::testing {
+namespace {
+
+constexpr std::size_t STATEMENTS = 1'000;
+constexpr std::size_t MOST_FOR_A_STATEMENT = 8;
+
+class AnalysisAllocations : public AnalysisFixture {
+protected:
+    std::string variable(std::size_t number) { return "v" + std::to_string(number % width); }
+
+    NodeView step(std::size_t number) {
+        return assign(id(variable(number)),
+                      add(id(variable(number + 1)), paren(id("f"), {id(variable(number + 7))})));
+    }
+
+    // What is made once for the whole program is made here.
+    AnalysisAllocations() {
+        flow::TransparentLiveVariablesAnalyzerView(universe, block({step(0)}), MAY, PLAIN, nullptr);
+    }
+
+    // Counts what building, solving and destroying an analyzer over the statements takes.
+    void expectFew(const char* shape, const Nodes& statements) {
+        const StatementRangeView range = block(statements);
+        universe = Universe();
+        for (std::size_t i = 0; i < width; ++i)
+            universe.add(symbol(variable(i)));
+        for (const Type type : {MAY, MUST}) {
+            const std::size_t before = allocations;
+            const std::size_t alive = living;
+            { flow::TransparentLiveVariablesAnalyzerView(universe, range, type, SLICED, nullptr); }
+            const std::size_t taken = allocations - before;
+            EXPECT_EQ(living, alive) << shape;
+            EXPECT_LE(taken, MOST_FOR_A_STATEMENT * STATEMENTS)
+                << shape << " over " << width << " variables";
+            RecordProperty(std::string(shape) + "_" + std::to_string(width), std::to_string(taken));
+        }
+    }
+
+    NodeView nest(std::size_t depth,
+                  const std::function<NodeView(const NodeView&, std::size_t)>& wrap) {
+        NodeView inner = step(0);
+        for (std::size_t i = 1; i < depth; ++i)
+            inner = wrap(inner, i);
+        return inner;
+    }
+
+    void expectFewForEveryShape() {
+        Nodes straight;
+        for (std::size_t i = 0; i < STATEMENTS; ++i)
+            straight.push_back(step(i));
+        expectFew("straight", straight);
+
+        Nodes branches;
+        for (std::size_t i = 0; i < STATEMENTS / 4; ++i)
+            branches.push_back(ifStatement(id(variable(i)), {step(i)},
+                                           {elseIfClause(id(variable(i + 1)), {step(i + 2)})}));
+        expectFew("branches", branches);
+
+        Nodes loops;
+        for (std::size_t i = 0; i < STATEMENTS / 4; ++i)
+            loops.push_back(
+                forLoop(id(variable(i)), id(variable(i + 1)),
+                        {step(i), ifStatement(id(variable(i + 2)), {breakStatement()})}));
+        expectFew("loops", loops);
+
+        Nodes attempts;
+        for (std::size_t i = 0; i < STATEMENTS / 4; ++i)
+            attempts.push_back(tryStatement(
+                {step(i)}, NodeView(catchClause(NodeView(id(variable(i))), {step(i + 1)}))));
+        expectFew("attempts", attempts);
+
+        expectFew("nested_ifs", {nest(STATEMENTS, [&](const NodeView& inner, std::size_t i) {
+                      return ifStatement(id(variable(i)), {inner});
+                  })});
+        expectFew("nested_attempts", {nest(STATEMENTS, [&](const NodeView& inner, std::size_t) {
+                      return tryStatement({inner});
+                  })});
+        expectFew("nested_loops", {nest(STATEMENTS / 4, [&](const NodeView& inner, std::size_t i) {
+                      return whileLoop(id(variable(i)),
+                                       {step(i), inner, step(i + 1),
+                                        ifStatement(id(variable(i + 2)), {returnStatement()})});
+                  })});
+    }
+
+    std::size_t width = 16;
+};
+
+TEST_F(AnalysisAllocations, AreEightForAStatementAtMostOverSixteenVariables) {
+    width = 16;
+    expectFewForEveryShape();
+}
+
+TEST_F(AnalysisAllocations, AreEightForAStatementAtMostOverManyVariables) {
+    width = 256;
+    expectFewForEveryShape();
+}
+
+TEST_F(AnalysisAllocations, OfAFailedAnalysisAreAllReturned) {
+    const NodeView twice = step(0);
+    const StatementRangeView range =
+        block({step(1), tryStatement({step(2), twice}), whileLoop(id("c"), {twice})});
+    const auto analyse = [&] {
+        flow::TransparentLiveVariablesAnalyzerView(universe, range, MAY, PLAIN, nullptr);
+    };
+    EXPECT_THROW(analyse(), std::invalid_argument); // so that exceptions have been made, too
+    const std::size_t alive = living;
+    EXPECT_THROW(analyse(), std::invalid_argument);
+    EXPECT_EQ(living, alive);
+}
+
+} // namespace
+} // namespace zt::orvex::testing
