@@ -2,6 +2,7 @@
 
 #include <zt_orvex/ast/TypedViews.h>
 
+#include <cstdint>
 #include <string>
 #include <utility>
 
@@ -45,7 +46,7 @@ public:
         switch (kind) {
 #define ZT_ORVEX_NODE_KIND(Name, Class)                                                            \
     case NodeKind::Name:                                                                           \
-        return handle<Name##View>(visitor, node, std::forward<Args>(args)...);
+        return handle<Name##View>(visitor, node.node, node.view, std::forward<Args>(args)...);
 #include <zt_orvex/ast/NodeKinds.def>
         case NodeKind::Invalid:
             break;
@@ -54,12 +55,14 @@ public:
     }
 
 private:
-    // A function for each kind, which the switch ends in a jump to: the handle travels in registers
-    // and the frame of the switch is gone by then. In one function all views and all handlers that
-    // the compiler inlines would share a frame, which every recursive visitor pays for.
+    // A function for each kind, which the switch ends in a jump to: the two words travel in
+    // registers and the frame of the switch is gone by then. In one function all views and all
+    // handlers that the compiler inlines would share a frame, which every recursive visitor pays
+    // for; without optimisation even a handle passed whole would have 66 places in it.
     template <typename View, typename... Args>
-    [[gnu::noinline]] static void handle(Visitor& visitor, NodeView node, Args&&... args) {
-        visitor.visit(View(node), std::forward<Args>(args)...);
+    [[gnu::noinline]] static void handle(Visitor& visitor, std::uint64_t node, const IAstView* view,
+                                         Args&&... args) {
+        visitor.visit(View(NodeView{node, view}), std::forward<Args>(args)...);
     }
 };
 

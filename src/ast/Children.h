@@ -33,9 +33,14 @@ struct Maybe {
     /// answer in between has no child here.
     template <typename Walk>
     static void visit(const NodeView& node, const Walk& walk) {
-        if (!(node.view->*accessor)(node.node)) return;
+        if (!isThere(node)) return;
         const boost::optional<NodeView> child = (node.view->*accessor)(node.node);
         if (child) walk(*child);
+    }
+
+private:
+    static bool isThere(const NodeView& node) {
+        return (node.view->*accessor)(node.node).has_value();
     }
 };
 

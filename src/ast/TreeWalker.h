@@ -22,7 +22,7 @@ public:
     [[gnu::noinline]] void operator()(NodeView node) const { dispatch(*this, node); }
 
     template <typename View>
-    void visit(const View& node) const {
+    [[gnu::always_inline]] inline void visit(const View& node) const {
         hook(node);
         Children<View>::visit(node, *this);
     }

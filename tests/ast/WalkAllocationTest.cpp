@@ -14,13 +14,14 @@ namespace {
 std::size_t allocationCount = 0;
 }
 
-void* operator new(std::size_t size) {
+// Not inlined: the compiler would take a `free` for a mistake where it sees a `new` beside it.
+[[gnu::noinline]] void* operator new(std::size_t size) {
     ++allocationCount;
     if (void* memory = std::malloc(size == 0 ? 1 : size)) return memory;
     throw std::bad_alloc();
 }
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+[[gnu::noinline]] void operator delete(void* memory) noexcept { std::free(memory); }
+[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 
 namespace zt::orvex::testing {
 namespace {
