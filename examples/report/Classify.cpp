@@ -104,7 +104,7 @@ private:
         evidence.kind = kind;
         evidence.isLoopVariable = loopVariable == symbol;
         evidence.isWritten = flow.lastWrite.has_value();
-        evidence.isLive = isLive(symbol);
+        evidence.isLive = isLive(symbol) || !variable.isInBody; // else the head reads it
         evidence.isLiveAsSliced = answers.notLiveAsSliced.count(symbol) == 0;
         evidence.hasOwnElements = variable.hasOwnElements;
         return evidence;

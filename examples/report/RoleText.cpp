@@ -25,6 +25,7 @@ std::string noteOfSliced(const Variable& variable) {
 }
 
 std::string noteOfRead(const Variable& variable) {
+    if (!variable.isInBody) return "read in the head alone";
     return firstUse(variable) +
            (variable.hasOwnElements ? "; each iteration reads elements of its own" : "");
 }

@@ -1,6 +1,7 @@
 #include "ReportOf.h"
 
 #include "report/Classify.h"
+#include "report/RoleText.h"
 
 #include <gtest/gtest.h>
 
@@ -135,6 +136,8 @@ TEST(Classify, VariablesThatTheConstructDoesNotNameAreLeftOut) {
     ASSERT_EQ(construct.variables.size(), 3U);
     EXPECT_EQ(construct.variables[0].name, "a");
     EXPECT_FALSE(construct.variables[0].isInBody);
+    EXPECT_EQ(construct.variables[0].role, Role::ReadFromOutside);
+    EXPECT_EQ(noteOf(construct.variables[0]), "read in the head alone");
     EXPECT_EQ(construct.variables[1].name, "k");
     EXPECT_EQ(construct.variables[1].role, Role::LoopVariable);
     EXPECT_EQ(construct.variables[2].name, "c");
