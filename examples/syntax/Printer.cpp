@@ -4,6 +4,7 @@
 
 #include <zt_orvex/ast/TypedViews.h>
 
+#include <array>
 #include <cstddef>
 #include <string_view>
 
@@ -19,12 +20,25 @@ public:
     explicit Printer(const Tree& of) : tree(of) {}
 
     std::string program() {
-        for (const NodeView node : ProgramView(tree.root()).getProgramNodes())
-            line(node);
+        node(tree.root());
         return text;
     }
 
 private:
+    using Handler = void (Printer::*)(NodeView);
+
+    /// The overload for a kind. A call through a table keeps a level of the tree to small frames:
+    /// one function with all cases has a frame with the locals of all.
+    void node(NodeView of) { (this->*HANDLERS[static_cast<std::size_t>(of.getKind())])(of); }
+
+    template <typename View>
+    void handle(NodeView of) {
+        print(View(of));
+    }
+    void ignore(NodeView) {}
+
+    static const std::array<Handler, 67> HANDLERS;
+
     // Lines
 
     void line(NodeView statement) {
@@ -101,238 +115,185 @@ private:
         node(operand);
     }
 
-    // Nodes
+    // Nodes, one overload for each kind: a kind without one does not compile.
 
-    void node(NodeView of) {
-        switch (of.getKind()) {
-        case NodeKind::ArgumentDeclaration:
-            return declaration(ArgumentDeclarationView(of).getArgumentDeclarationName(),
-                               ArgumentDeclarationView(of).getArgumentDeclarationPart1(),
-                               ArgumentDeclarationView(of).getArgumentDeclarationPart2());
-        case NodeKind::ArgumentsBlock: {
-            const ArgumentsBlockView view(of);
-            return block("arguments", view.getArgumentsBlockAttributes(),
-                         view.getArgumentsBlockDeclarations());
-        }
-        case NodeKind::Attribute:
-            return attribute(AttributeView(of));
-        case NodeKind::ClassDefinition:
-            return classDefinition(ClassDefinitionView(of));
-        case NodeKind::EnumerationBlock: {
-            const EnumerationBlockView view(of);
-            return block("enumeration", view.getEnumerationBlockAttributes(),
-                         view.getEnumerationBlockMembers());
-        }
-        case NodeKind::EnumerationMember: {
-            const EnumerationMemberView view(of);
-            node(view.getEnumerationMemberName());
-            return listInIfAny('(', view.getEnumerationMemberArguments(), ')');
-        }
-        case NodeKind::EventDefinition:
-            return node(EventDefinitionView(of).getEventName());
-        case NodeKind::EventsBlock: {
-            const EventsBlockView view(of);
-            return block("events", view.getEventsBlockAttributes(), view.getEventsBlockEvents());
-        }
-        case NodeKind::FunctionDefinition: {
-            const FunctionDefinitionView view(of);
-            return function(view.getFunctionOutputs(), view.getFunctionName(),
-                            view.getFunctionInputs(), view.getFunctionArgumentsBlocks(),
-                            view.getFunctionMembers());
-        }
-        case NodeKind::MethodDeclaration: {
-            const MethodDeclarationView view(of);
-            return signature(view.getMethodOutputs(), view.getMethodName(), view.getMethodInputs());
-        }
-        case NodeKind::MethodDefinition: {
-            const MethodDefinitionView view(of);
-            return function(view.getMethodOutputs(), view.getMethodName(), view.getMethodInputs(),
-                            view.getMethodArgumentsBlocks(), view.getMethodMembers());
-        }
-        case NodeKind::MethodsBlock: {
-            const MethodsBlockView view(of);
-            return block("methods", view.getMethodsBlockAttributes(),
-                         view.getMethodsBlockMethods());
-        }
-        case NodeKind::PropertiesBlock: {
-            const PropertiesBlockView view(of);
-            return block("properties", view.getPropertiesBlockAttributes(),
-                         view.getPropertiesBlockProperties());
-        }
-        case NodeKind::PropertyDefinition:
-            return declaration(PropertyDefinitionView(of).getPropertyName(),
-                               PropertyDefinitionView(of).getPropertyPart1(),
-                               PropertyDefinitionView(of).getPropertyPart2());
-        case NodeKind::ValidationSpecification:
-            return validation(ValidationSpecificationView(of));
-        default:
-            return statement(of);
-        }
+    void print(ArgumentDeclarationView of) {
+        declaration(of.getArgumentDeclarationName(), of.getArgumentDeclarationPart1(),
+                    of.getArgumentDeclarationPart2());
     }
+    void print(ArgumentsBlockView of) {
+        block("arguments", of.getArgumentsBlockAttributes(), of.getArgumentsBlockDeclarations());
+    }
+    void print(EnumerationBlockView of) {
+        block("enumeration", of.getEnumerationBlockAttributes(), of.getEnumerationBlockMembers());
+    }
+    void print(EnumerationMemberView of) {
+        node(of.getEnumerationMemberName());
+        listInIfAny('(', of.getEnumerationMemberArguments(), ')');
+    }
+    void print(EventDefinitionView of) { node(of.getEventName()); }
+    void print(EventsBlockView of) {
+        block("events", of.getEventsBlockAttributes(), of.getEventsBlockEvents());
+    }
+    void print(FunctionDefinitionView of) {
+        function(of.getFunctionOutputs(), of.getFunctionName(), of.getFunctionInputs(),
+                 of.getFunctionArgumentsBlocks(), of.getFunctionMembers());
+    }
+    void print(MethodDeclarationView of) {
+        signature(of.getMethodOutputs(), of.getMethodName(), of.getMethodInputs());
+    }
+    void print(MethodDefinitionView of) {
+        function(of.getMethodOutputs(), of.getMethodName(), of.getMethodInputs(),
+                 of.getMethodArgumentsBlocks(), of.getMethodMembers());
+    }
+    void print(MethodsBlockView of) {
+        block("methods", of.getMethodsBlockAttributes(), of.getMethodsBlockMethods());
+    }
+    void print(PropertiesBlockView of) {
+        block("properties", of.getPropertiesBlockAttributes(), of.getPropertiesBlockProperties());
+    }
+    void print(PropertyDefinitionView of) {
+        declaration(of.getPropertyName(), of.getPropertyPart1(), of.getPropertyPart2());
+    }
+    void print(AssignmentStatementView of) {
+        pair(of.getAssignmentLhs(), " = ", of.getAssignmentRhs());
+    }
+    void print(BareIdentifierStatementView of) { node(of.getBareIdentifier()); }
+    void print(BreakStatementView) { text += "break"; }
+    void print(CaseClauseView of) {
+        startLine();
+        word("case", of.getCaseExpression());
+        body(of.getCaseBody());
+    }
+    void print(CommandStatementView of) {
+        node(of.getCommandCallee());
+        words(of.getCommandWords());
+    }
+    void print(ContinueStatementView) { text += "continue"; }
+    void print(DiscardedStatementView) { text += ')'; }
+    void print(ElseClauseView of) {
+        startLine();
+        text += "else";
+        body(of.getElseBody());
+    }
+    void print(ElseIfClauseView of) {
+        startLine();
+        word("elseif", of.getElseIfCondition());
+        body(of.getElseIfBody());
+    }
+    void print(EmptyStatementView) { text += ';'; }
+    void print(ExpressionStatementView of) { node(of.getExpressionStatementExpression()); }
+    void print(GlobalDeclarationView of) {
+        text += "global ";
+        list(of.getGlobalIdentifiers(), " ");
+    }
+    void print(ImplicitCommandStatementView of) {
+        text += '!';
+        words(of.getImplicitCommandWords());
+    }
+    void print(MultiAssignmentStatementView of) {
+        listIn('[', of.getMultiAssignmentTargets(), ']');
+        word(" =", of.getMultiAssignmentRhs());
+    }
+    void print(OtherwiseClauseView of) {
+        startLine();
+        text += "otherwise";
+        body(of.getOtherwiseBody());
+    }
+    void print(PersistentDeclarationView of) {
+        text += "persistent ";
+        list(of.getPersistentIdentifiers(), " ");
+    }
+    void print(ReturnStatementView) { text += "return"; }
+    void print(WhileStatementView of) {
+        word("while", of.getWhileCondition());
+        body(of.getWhileBody());
+        end();
+    }
+    void print(AnonymousFunctionView of) {
+        text += '@';
+        listIn('(', of.getAnonymousFunctionParameters(), ')');
+        word("", of.getAnonymousFunctionBody());
+    }
+    void print(BraceOperationView of) {
+        node(of.getBraceBase());
+        listIn('{', of.getBraceArguments(), '}');
+    }
+    void print(CellArrayView of) {
+        text += '{';
+        list(of.getCellArrayRows(), "; ");
+        text += '}';
+    }
+    void print(ColonView) { text += ':'; }
+    void print(DiscardedExpressionView) {
+        text += "0x"; // A number that is none is discarded by itself.
+    }
+    void print(DotOperationView of) { pair(of.getDotBase(), ".", of.getDotField()); }
+    void print(DynamicFieldOperationView of) {
+        pair(of.getDynamicFieldBase(), ".(", of.getDynamicFieldExpression());
+        text += ')';
+    }
+    void print(EndView) { text += "end"; }
+    void print(IdentifierView of) { text += toUtf8(of.getIdentifierName()); }
+    void print(IgnoredArgumentView) { text += '~'; }
+    void print(MatrixView of) {
+        text += '[';
+        list(of.getMatrixRows(), "; ");
+        text += ']';
+    }
+    void print(NamedArgumentView of) {
+        pair(of.getNamedArgumentName(), " = ", of.getNamedArgumentValue());
+    }
+    void print(ParenOperationView of) {
+        node(of.getParenBase());
+        listIn('(', of.getParenArguments(), ')');
+    }
+    void print(ParenthesizedExpressionView of) {
+        text += '(';
+        node(of.getParenthesizedInner());
+        text += ')';
+    }
+    void print(RowView of) { list(of.getRowExpressions()); }
+    void print(AnyExpressionView) {}
+    void print(CharacterLiteralView of) { spelling(of); }
+    void print(FillerNodeView) {}
+    void print(NumberLiteralView of) { spelling(of); }
+    void print(PrintStatementView of) { node(of.getPrintedStatement()); }
+    void print(ProgramView of) {
+        for (const NodeView node : of.getProgramNodes())
+            line(node);
+    }
+    void print(StringLiteralView of) { spelling(of); }
 
-    void statement(NodeView of) {
-        switch (of.getKind()) {
-        case NodeKind::AssignmentStatement:
-            return pair(AssignmentStatementView(of).getAssignmentLhs(), " = ",
-                        AssignmentStatementView(of).getAssignmentRhs());
-        case NodeKind::BareIdentifierStatement:
-            return node(BareIdentifierStatementView(of).getBareIdentifier());
-        case NodeKind::BreakStatement:
-            text += "break";
-            return;
-        case NodeKind::CaseClause:
-            startLine();
-            word("case", CaseClauseView(of).getCaseExpression());
-            return body(CaseClauseView(of).getCaseBody());
-        case NodeKind::CatchClause:
-            return catchClause(CatchClauseView(of));
-        case NodeKind::CommandStatement:
-            node(CommandStatementView(of).getCommandCallee());
-            return words(CommandStatementView(of).getCommandWords());
-        case NodeKind::ContinueStatement:
-            text += "continue";
-            return;
-        case NodeKind::DiscardedStatement:
-            text += ')';
-            return;
-        case NodeKind::ElseClause:
-            startLine();
-            text += "else";
-            return body(ElseClauseView(of).getElseBody());
-        case NodeKind::ElseIfClause:
-            startLine();
-            word("elseif", ElseIfClauseView(of).getElseIfCondition());
-            return body(ElseIfClauseView(of).getElseIfBody());
-        case NodeKind::EmptyStatement:
-            text += ';';
-            return;
-        case NodeKind::ExpressionStatement:
-            return node(ExpressionStatementView(of).getExpressionStatementExpression());
-        case NodeKind::ForStatement:
-            return forStatement(ForStatementView(of));
-        case NodeKind::GlobalDeclaration:
-            text += "global ";
-            return list(GlobalDeclarationView(of).getGlobalIdentifiers(), " ");
-        case NodeKind::IfStatement:
-            return ifStatement(IfStatementView(of));
-        case NodeKind::ImplicitCommandStatement:
-            text += '!';
-            return words(ImplicitCommandStatementView(of).getImplicitCommandWords());
-        case NodeKind::MultiAssignmentStatement:
-            listIn('[', MultiAssignmentStatementView(of).getMultiAssignmentTargets(), ']');
-            return word(" =", MultiAssignmentStatementView(of).getMultiAssignmentRhs());
-        case NodeKind::OtherwiseClause:
-            startLine();
-            text += "otherwise";
-            return body(OtherwiseClauseView(of).getOtherwiseBody());
-        case NodeKind::ParforStatement:
-            return parforStatement(ParforStatementView(of));
-        case NodeKind::PersistentDeclaration:
-            text += "persistent ";
-            return list(PersistentDeclarationView(of).getPersistentIdentifiers(), " ");
-        case NodeKind::ReturnStatement:
-            text += "return";
-            return;
-        case NodeKind::SpmdStatement:
-            return spmdStatement(SpmdStatementView(of));
-        case NodeKind::SwitchStatement:
-            return switchStatement(SwitchStatementView(of));
-        case NodeKind::TryStatement:
-            return tryStatement(TryStatementView(of));
-        case NodeKind::WhileStatement:
-            word("while", WhileStatementView(of).getWhileCondition());
-            body(WhileStatementView(of).getWhileBody());
-            return end();
-        default:
-            return expression(of);
-        }
-    }
-
-    void expression(NodeView of) {
-        switch (of.getKind()) {
-        case NodeKind::AnonymousFunction:
-            text += '@';
-            listIn('(', AnonymousFunctionView(of).getAnonymousFunctionParameters(), ')');
-            return word("", AnonymousFunctionView(of).getAnonymousFunctionBody());
-        case NodeKind::BinaryOperation:
-            return binary(BinaryOperationView(of));
-        case NodeKind::BraceOperation:
-            node(BraceOperationView(of).getBraceBase());
-            return listIn('{', BraceOperationView(of).getBraceArguments(), '}');
-        case NodeKind::CellArray:
-            text += '{';
-            list(CellArrayView(of).getCellArrayRows(), "; ");
-            text += '}';
-            return;
-        case NodeKind::Colon:
-            text += ':';
-            return;
-        case NodeKind::ColonOperation:
-            return colon(ColonOperationView(of));
-        case NodeKind::DiscardedExpression:
-            text += "0x"; // A number that is none, which is discarded by itself.
-            return;
-        case NodeKind::DotOperation:
-            return pair(DotOperationView(of).getDotBase(), ".", DotOperationView(of).getDotField());
-        case NodeKind::DynamicFieldOperation:
-            pair(DynamicFieldOperationView(of).getDynamicFieldBase(), ".(",
-                 DynamicFieldOperationView(of).getDynamicFieldExpression());
-            text += ')';
-            return;
-        case NodeKind::End:
-            text += "end";
-            return;
-        case NodeKind::Identifier:
-            text += toUtf8(IdentifierView(of).getIdentifierName());
-            return;
-        case NodeKind::IgnoredArgument:
-            text += '~';
-            return;
-        case NodeKind::InputParameter:
-            return parameter(InputParameterView(of));
-        case NodeKind::Matrix:
-            text += '[';
-            list(MatrixView(of).getMatrixRows(), "; ");
-            text += ']';
-            return;
-        case NodeKind::NamedArgument:
-            return pair(NamedArgumentView(of).getNamedArgumentName(), " = ",
-                        NamedArgumentView(of).getNamedArgumentValue());
-        case NodeKind::ParenOperation:
-            node(ParenOperationView(of).getParenBase());
-            return listIn('(', ParenOperationView(of).getParenArguments(), ')');
-        case NodeKind::ParenthesizedExpression:
-            text += '(';
-            node(ParenthesizedExpressionView(of).getParenthesizedInner());
-            text += ')';
-            return;
-        case NodeKind::Row:
-            return list(RowView(of).getRowExpressions());
-        case NodeKind::UnaryOperation:
-            return unary(UnaryOperationView(of));
-        default:
-            text += toUtf8(tree.spelling(of));
-        }
-    }
+    void spelling(NodeView literal) { text += toUtf8(tree.spelling(literal)); }
 
     // Expressions with a shape of their own
 
-    void binary(BinaryOperationView of) {
-        const BinaryOperator op = of.getBinaryOperator();
-        const std::string sign = toString(op);
-        pair(of.getBinaryLhs(), op == BinaryOperator::At ? sign : ' ' + sign + ' ',
-             of.getBinaryRhs());
+    void print(BinaryOperationView of) {
+        node(of.getBinaryLhs());
+        sign(of.getBinaryOperator());
+        node(of.getBinaryRhs());
     }
 
-    void unary(UnaryOperationView of) {
-        const UnaryOperator op = of.getUnaryOperator();
-        const bool isBehind = op == UnaryOperator::Apostrophe || op == UnaryOperator::DotApostrophe;
-        if (!isBehind) text += toString(op);
+    void print(UnaryOperationView of) {
+        if (!isBehind(of.getUnaryOperator())) sign(of.getUnaryOperator());
         node(of.getUnaryOperand());
-        if (isBehind) text += toString(op);
+        if (isBehind(of.getUnaryOperator())) sign(of.getUnaryOperator());
     }
 
-    void colon(ColonOperationView of) {
+    static bool isBehind(UnaryOperator op) {
+        return op == UnaryOperator::Apostrophe || op == UnaryOperator::DotApostrophe;
+    }
+
+    void sign(UnaryOperator op) { text += toString(op); }
+
+    void sign(BinaryOperator op) {
+        text += op == BinaryOperator::At ? "" : " ";
+        text += toString(op);
+        text += op == BinaryOperator::At ? "" : " ";
+    }
+
+    void print(ColonOperationView of) {
         node(of.getColonStart());
         text += ':';
         if (const auto step = of.getColonStep()) {
@@ -342,7 +303,7 @@ private:
         node(of.getColonStop());
     }
 
-    void parameter(InputParameterView of) {
+    void print(InputParameterView of) {
         if (const auto identifier = of.getInputParameterIdentifier()) return node(*identifier);
         text += '~';
     }
@@ -354,7 +315,7 @@ private:
         list(range, " ");
     }
 
-    void ifStatement(IfStatementView of) {
+    void print(IfStatementView of) {
         word("if", of.getIfCondition());
         body(of.getIfBody());
         for (const NodeView clause : of.getIfElseIfClauses())
@@ -363,14 +324,14 @@ private:
         end();
     }
 
-    void forStatement(ForStatementView of) {
+    void print(ForStatementView of) {
         word("for", of.getForVariable());
         word(" =", of.getForExpression());
         body(of.getForBody());
         end();
     }
 
-    void parforStatement(ParforStatementView of) {
+    void print(ParforStatementView of) {
         const bool hasOptions = of.getParforOptions().size() > 0;
         text += hasOptions ? "parfor (" : "parfor ";
         pair(of.getParforVariable(), " = ", of.getParforExpression());
@@ -383,7 +344,7 @@ private:
         end();
     }
 
-    void spmdStatement(SpmdStatementView of) {
+    void print(SpmdStatementView of) {
         text += "spmd";
         if (of.getSpmdOptions().size() > 0) {
             text += ' ';
@@ -393,7 +354,7 @@ private:
         end();
     }
 
-    void switchStatement(SwitchStatementView of) {
+    void print(SwitchStatementView of) {
         word("switch", of.getSwitchSubject());
         text += '\n';
         for (const NodeView clause : of.getSwitchCases())
@@ -402,14 +363,14 @@ private:
         end();
     }
 
-    void tryStatement(TryStatementView of) {
+    void print(TryStatementView of) {
         text += "try";
         body(of.getTryBody());
         if (const auto clause = of.getTryCatch()) node(*clause);
         end();
     }
 
-    void catchClause(CatchClauseView of) {
+    void print(CatchClauseView of) {
         startLine();
         text += "catch";
         if (const auto identifier = of.getCatchIdentifier()) word("", *identifier);
@@ -436,7 +397,7 @@ private:
         end();
     }
 
-    void attribute(AttributeView of) {
+    void print(AttributeView of) {
         node(of.getAttributeName());
         if (const auto value = of.getAttributeValue()) word(" =", *value);
     }
@@ -459,7 +420,7 @@ private:
         if (value) word(" =", *value);
     }
 
-    void validation(ValidationSpecificationView of) {
+    void print(ValidationSpecificationView of) {
         if (of.getValidationFirstExpressions().size() > 0) {
             text += ' ';
             listIn('(', of.getValidationFirstExpressions(), ')');
@@ -471,7 +432,7 @@ private:
         }
     }
 
-    void classDefinition(ClassDefinitionView of) {
+    void print(ClassDefinitionView of) {
         text += "class ";
         if (of.getClassAttributes().size() > 0) {
             listIn('(', of.getClassAttributes(), ')');
@@ -487,6 +448,12 @@ private:
     const Tree& tree;
     std::string text;
     std::size_t indent = 0;
+};
+
+const std::array<Printer::Handler, 67> Printer::HANDLERS{
+    &Printer::ignore,
+#define ZT_ORVEX_NODE_KIND(Name, Class) &Printer::handle<Name##View>,
+#include <zt_orvex/ast/NodeKinds.def>
 };
 
 } // namespace

@@ -186,7 +186,7 @@ TEST(Expression, ChainAsDeepAsTheLimitIsRead) {
         chain += "+a";
     EXPECT_EQ(errors("y = " + chain + ";"), "");
     EXPECT_EQ(errors("y = " + chain + "+a;\nz = 1;"),
-              "1:5: the expression is nested deeper than 1000 levels\n");
+              "1:5: the expression is nested deeper than 2000 levels\n");
 }
 
 TEST(Expression, BracketsAsDeepAsTheLimitAreRead) {
@@ -195,7 +195,7 @@ TEST(Expression, BracketsAsDeepAsTheLimitAreRead) {
     };
     EXPECT_EQ(errors(nested(MAX_EXPRESSION_HEIGHT - 1)), "");
     EXPECT_EQ(errors(nested(MAX_EXPRESSION_HEIGHT)),
-              "1:1005: the expression is nested deeper than 1000 levels\n");
+              "1:2005: the expression is nested deeper than 2000 levels\n");
 }
 
 } // namespace

@@ -152,11 +152,11 @@ TEST(Recovery, BlocksNestOnlySoDeep) {
     };
     EXPECT_EQ(errors(nested(MAX_BLOCK_NESTING)), "");
     EXPECT_EQ(errors(nested(MAX_BLOCK_NESTING + 5)),
-              "251:1: blocks are nested deeper than 250 levels\n");
+              "401:1: blocks are nested deeper than 400 levels\n");
     std::string open;
     for (std::size_t i = 0; i < 1000; ++i)
         open += "if a\n";
-    EXPECT_EQ(errors(open), "251:1: blocks are nested deeper than 250 levels\n");
+    EXPECT_EQ(errors(open), "401:1: blocks are nested deeper than 400 levels\n");
 }
 
 TEST(Recovery, DiagnosticsStandInSourceOrder) {

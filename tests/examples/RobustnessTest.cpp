@@ -145,7 +145,7 @@ TEST(Robustness, RandomBytesAreReadToTheEnd) {
 }
 
 TEST(Robustness, TenMegabytesOfBracketsAreOneError) {
-    const std::string error = "1:1001: the expression is nested deeper than 1000 levels\n";
+    const std::string error = "1:2001: the expression is nested deeper than 2000 levels\n";
     EXPECT_EQ(testing::errors(std::string(10'000'000, '(')), error);
     EXPECT_EQ(testing::errors(std::string(100'000, '[')), error);
     EXPECT_EQ(testing::errors(std::string(100'000, '{')), error);
