@@ -136,7 +136,7 @@ struct PragmaEntry {
 struct File {
     std::string path; ///< As given.
     SourceText source;
-    std::vector<SyntaxSpan> syntax;       ///< What a writer may colour, in source order.
+    std::vector<SyntaxSpan> syntax;      ///< What a writer may colour, in source order.
     std::vector<Diagnostic> diagnostics; ///< In source order.
     std::vector<PragmaEntry> pragmas;    ///< In source order.
     std::vector<Construct> constructs;   ///< In source order, nested ones included.

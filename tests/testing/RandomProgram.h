@@ -146,8 +146,7 @@ private:
         case 2:
             return variable() + ending();
         case 3:
-            return pick({"hold on", "disp 'a b' c", "format -long", "show {x} [y",
-                         "go ...\n on"}) +
+            return pick({"hold on", "disp 'a b' c", "format -long", "show {x} [y", "go ...\n on"}) +
                    pick({"\n", ";\n", ", "});
         case 4:
             return pick({"beep", "drawnow"}) + pick({"\n", ";", ", "});

@@ -53,6 +53,8 @@ TEST_P(Program, HasItsReportInText) { expectReport(GetParam(), "text", ".txt"); 
 
 TEST_P(Program, HasItsReportInJson) { expectReport(GetParam(), "json", ".json"); }
 
+TEST_P(Program, HasItsReportInHtml) { expectReport(GetParam(), "html", ".html"); }
+
 INSTANTIATE_TEST_SUITE_P(Examples, Program, ::testing::ValuesIn(programNames()),
                          [](const auto& test) { return test.param; });
 
