@@ -6,8 +6,8 @@ namespace ostrel {
 
 // How deep a program may nest. Parser, walkers, analyses and printer recurse on the tree, so its
 // height is bounded; what goes beyond gets an error. The highest tree that these limits admit is
-// read, walked and printed within 1 MiB of stack in an ordinary debug build and within 3 MiB under
-// AddressSanitizer (measured); 8 MiB is what a thread has by default.
+// read, analysed and printed within 2 MiB of stack in an ordinary debug build and within 3 MiB
+// under AddressSanitizer (measured); 8 MiB is what a thread has by default.
 
 /// How deep an expression may nest: operators, brackets and calls together, as levels of the tree.
 /// A chain counts as well: `a + a + ... + a` is a tree as high as it has operators.
