@@ -78,7 +78,7 @@ bool isPointOfNumber(const SourceText& source, std::size_t at) {
     const bool isOperator =
         std::u16string_view(u"*/\\^'").find(behind) != std::u16string_view::npos;
     const bool isContinued = isContinuation(source, at) && source.at(at + 3) != u'.';
-    return !(behind != u'\0' && isOperator) && !isContinued;
+    return !isOperator && !isContinued;
 }
 
 std::size_t skipDigits(const SourceText& source, std::size_t at) {
