@@ -58,6 +58,35 @@ TEST_P(Program, HasItsReportInHtml) { expectReport(GetParam(), "html", ".html");
 INSTANTIATE_TEST_SUITE_P(Examples, Program, ::testing::ValuesIn(programNames()),
                          [](const auto& test) { return test.param; });
 
+/// The program in the page that tells what the words of the report mean.
+std::string documentedProgram() {
+    const std::string page = readFile(OSTREL_PROGRAMS_FOLDER "/../../docs/report.md");
+    const std::string fence = "\n```\n";
+    const std::size_t begin = page.find(fence) + fence.size();
+    return page.substr(begin, page.find(fence, begin) + 1 - begin);
+}
+
+TEST(Documentation, VariablesOfItsExampleAreWhatItSays) {
+    const File file = reportOf(documentedProgram());
+    ASSERT_EQ(file.constructs.size(), 2u);
+    const auto roleIn = [&](std::size_t construct, const char* name) {
+        return variableOf(file.constructs[construct], name).role;
+    };
+    EXPECT_EQ(roleIn(0, "k"), Role::LoopVariable);
+    EXPECT_EQ(roleIn(0, "t"), Role::Temporary);
+    EXPECT_EQ(roleIn(0, "j"), Role::Temporary);
+    EXPECT_EQ(roleIn(0, "b"), Role::Sliced);
+    EXPECT_EQ(roleIn(0, "c"), Role::Carried);
+    EXPECT_EQ(roleIn(0, "best"), Role::Carried);
+    EXPECT_EQ(roleIn(0, "w"), Role::ReadFromOutside);
+    EXPECT_EQ(roleIn(1, "part"), Role::Output);
+    EXPECT_EQ(roleIn(1, "rows"), Role::Updated);
+    const Variable best = variableOf(file.constructs[0], "best");
+    ASSERT_TRUE(best.firstRead && best.lastWrite);
+    EXPECT_EQ(best.firstRead->line, 8u);
+    EXPECT_EQ(best.lastWrite->line, 9u);
+}
+
 TEST(Programs, HoldEveryKindOfNode) {
     std::set<NodeKind> found;
     for (const std::string& name : programNames()) {
