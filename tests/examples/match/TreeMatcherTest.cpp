@@ -2,6 +2,7 @@
 
 #include "Programs.h"
 #include "syntax/Printer.h"
+#include "testing/RandomProgram.h"
 
 #include <gtest/gtest.h>
 #include <zt_orvex/equivalence/EquivalenceFullLogger.h>
@@ -99,6 +100,16 @@ TEST(TreeMatcher, PrintedProgramsAreEquivalentToTheirSource) {
         ++programs;
     }
     EXPECT_GE(programs, 8u);
+}
+
+TEST(TreeMatcher, RandomProgramsAreEquivalentToWhatIsPrintedOfThem) {
+    zt::orvex::testing::Random random;
+    for (std::size_t round = zt::orvex::testing::rounds(500); round > 0; --round) {
+        const std::string source = zt::orvex::testing::RandomProgram(random).program();
+        ASSERT_EQ(difference(source, printSource(*parse(source).tree)), "")
+            << random.describe() << "\n"
+            << source;
+    }
 }
 
 } // namespace ostrel::testing
