@@ -1,0 +1,58 @@
+// Live variables from the program to the answer: our analyzer (constructor, one getter, destructor,
+// with all that it asks the tree) beside a hand-written limit. Clang's rows are in
+// peers/ClangLivenessRows.cpp.
+
+#include "support/Contest.h"
+#include "support/PerItem.h"
+
+#include <zt_orvex/analysis/TransparentLiveVariablesAnalyzerView.h>
+
+#include <benchmark/benchmark.h>
+
+#include <memory>
+
+namespace zt::orvex::benchmarks {
+namespace {
+
+void analyse(benchmark::State& state, const Contest& contest) {
+    std::unordered_set<SymbolView> live;
+    for (auto _ : state) {
+        flow::TransparentLiveVariablesAnalyzerView analyzer(
+            contest.tree.universe(), contest.tree.statements(), flow::AnalysisTypeView::May,
+            flow::AnalysisModeView::Plain, nullptr);
+        live = analyzer.getVariablesLiveAtEntry();
+    }
+    if (!contest.isAnswer(live)) state.SkipWithError("wrong answer");
+    reportPerItem(state, contest.program.statements);
+}
+
+void analyseIdeally(benchmark::State& state, const Contest& contest) {
+    LiveWords live;
+    for (auto _ : state)
+        live = idealRoundRobin(contest.program);
+    if (live != contest.expected) state.SkipWithError("wrong answer");
+    reportPerItem(state, contest.program.statements);
+}
+
+void registerRows(Shape shape, std::uint32_t statements, std::uint32_t variables) {
+    const auto contest = std::make_shared<const Contest>(shape, statements, variables);
+    const std::string name = nameOf(shape, statements, variables);
+    benchmark::RegisterBenchmark(("analysis/ours/" + name).c_str(),
+                                 [=](benchmark::State& state) { analyse(state, *contest); });
+    benchmark::RegisterBenchmark(("analysis/ideal_roundrobin/" + name).c_str(),
+                                 [=](benchmark::State& state) { analyseIdeally(state, *contest); });
+}
+
+[[maybe_unused]] const bool registered = [] {
+    for (const Shape shape : ALL_SHAPES) {
+        for (const std::uint32_t variables : {16u, 256u}) {
+            registerRows(shape, 1000, variables);
+            registerRows(shape, 10000, variables);
+        }
+    }
+    registerRows(Shape::Nested, 1000, 4096);
+    return true;
+}();
+
+} // namespace
+} // namespace zt::orvex::benchmarks
