@@ -12,6 +12,13 @@
 
 namespace zt::orvex::flow {
 
+namespace internal {
+
+template <typename L>
+class SweepTape;
+
+} // namespace internal
+
 /// A subset of a universe, one bit per element.
 ///
 /// Holds a pointer to the universe, which must outlive it. Elements added to the universe later are
@@ -241,6 +248,9 @@ public:
     std::uint64_t bitCount() const { return bits; }
 
 private:
+    template <typename>
+    friend class internal::SweepTape;
+
     static constexpr std::uint64_t ALL_ONES = ~std::uint64_t{0};
     static constexpr std::uint64_t SIZE_MASK = ALL_ONES >> 1; // no universe is that large
     static constexpr std::uint64_t BLOCK = 64;

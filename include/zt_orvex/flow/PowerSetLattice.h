@@ -39,6 +39,9 @@ public:
     }
 
 private:
+    template <typename>
+    friend class internal::SweepTape;
+
     const OrderedSet<T>* universe;
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <zt_orvex/flow/Factory.h>
+#include <zt_orvex/flow/SweepTape.h>
 
 #include <cstdint>
 #include <memory>
@@ -39,10 +40,11 @@ public:
         for (internal::Equation<V>* equation : *equationsInOrder) {
             lattice.setToBottom(equation->variable->value());
         }
+        const bool usesTape = tape.isUsable();
         std::uint64_t sweeps = 0;
         bool changed = true;
         while (changed && sweeps < MAXIMUM_SWEEPS) {
-            changed = sweep();
+            changed = usesTape ? tape.sweep() : sweep();
             ++sweeps;
         }
         if (sweeps == MAXIMUM_SWEEPS) {
@@ -67,7 +69,8 @@ private:
 
     SystemOfEquations(L& over, std::shared_ptr<internal::Factory<V>> owner,
                       std::shared_ptr<Order> order)
-        : lattice(over), factory(std::move(owner)), equationsInOrder(std::move(order)) {}
+        : lattice(over), factory(std::move(owner)), equationsInOrder(std::move(order)),
+          tape(over, *equationsInOrder) {}
 
     /// Whether the sweep changed a value.
     bool sweep() {
@@ -86,6 +89,7 @@ private:
     L& lattice;
     std::shared_ptr<internal::Factory<V>> factory;
     std::shared_ptr<Order> equationsInOrder;
+    internal::SweepTape<L> tape; // the same equations in the same order
 };
 
 } // namespace zt::orvex::flow

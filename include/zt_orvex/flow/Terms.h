@@ -15,6 +15,9 @@ namespace internal {
 template <typename V>
 class Equation;
 
+template <typename L>
+class SweepTape;
+
 /// A copy of `value` that keeps its storage in `pool`, if values of its type can.
 template <typename V>
 V pooledCopy(const V& value, WordPool& pool) {
@@ -132,6 +135,9 @@ public:
     void collectDependencies(DependencySet<V>&) override {}
 
 private:
+    template <typename>
+    friend class internal::SweepTape;
+
     V value;
 };
 
@@ -149,6 +155,10 @@ protected:
     }
 
     Variable<V>* operand;
+
+private:
+    template <typename>
+    friend class internal::SweepTape;
 };
 
 template <typename V>
