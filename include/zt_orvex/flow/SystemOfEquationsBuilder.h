@@ -74,34 +74,26 @@ public:
     Minus<V>* createMinus(Variable<V>* operand) { return factory->createMinus(operand); }
 
     /// Makes room for `count` equations in one step.
-    void reserve(std::size_t count) {
-        equations.reserve(count);
-        inOrderOfCreation.reserve(count);
-    }
+    void reserve(std::size_t count) { inOrderOfCreation.reserve(count); }
 
     /// Adds the equation `variable` = the terms, whose pointers are copied. The first term must be
-    /// a variable or a constant; that is not checked. One hash look-up.
+    /// a variable or a constant; that is not checked.
     ///
     /// Throws std::invalid_argument("Equation already exists for this variable"), else
     /// std::invalid_argument("The right-hand side of an equation cannot be empty"); nothing changes
     /// then, nor where memory runs out.
     void addEquation(Variable<V>* variable, Term<V>* const* begin, Term<V>* const* end) {
-        const auto [entry, isNew] = equations.try_emplace(variable, nullptr);
-        if (!isNew) throw std::invalid_argument("Equation already exists for this variable");
-        try {
-            if (begin == end) {
-                throw std::invalid_argument("The right-hand side of an equation cannot be empty");
-            }
-            Equation* const equation = factory->createEquation(variable, begin, end);
-            if (equation == nullptr) throw std::bad_alloc(); // the pool got no block
-            inOrderOfCreation.push_back(equation);
-        } catch (...) {
-            equations.erase(entry);
-            throw;
+        if (hasEquation(variable)) {
+            throw std::invalid_argument("Equation already exists for this variable");
         }
-        entry->second = inOrderOfCreation.back();
-        entry->second->number = static_cast<std::uint32_t>(inOrderOfCreation.size() - 1);
-        variable->equationNumber = entry->second->number;
+        if (begin == end) {
+            throw std::invalid_argument("The right-hand side of an equation cannot be empty");
+        }
+        Equation* const equation = factory->createEquation(variable, begin, end);
+        if (equation == nullptr) throw std::bad_alloc(); // the pool got no block
+        equation->number = static_cast<std::uint32_t>(inOrderOfCreation.size());
+        inOrderOfCreation.push_back(equation);
+        variable->equationNumber = equation->number;
     }
     void addEquation(Variable<V>* variable, std::initializer_list<Term<V>*> terms) {
         addEquation(variable, terms.begin(), terms.end());
@@ -140,12 +132,24 @@ public:
 private:
     using Equation = internal::Equation<V>;
 
-    /// The number that the variable carries answers without hashing, if it was given here; only a
-    /// variable that another builder has numbered, or none, takes the hash look-up.
+    /// The number that the variable carries answers without hashing: nobody has numbered it, or it
+    /// was numbered here. Only a variable of another builder's equation takes the hash look-up.
     Equation* findEquation(const Variable<V>* variable) const {
         const std::uint32_t number = variable->equationNumber;
+        if (number == Variable<V>::NO_EQUATION) return nullptr;
         if (number < inOrderOfCreation.size() && inOrderOfCreation[number]->variable == variable) {
             return inOrderOfCreation[number];
+        }
+        return lookUpEquation(variable);
+    }
+
+    /// Brings the map up to date first. It lags behind because hardly anybody asks it: filling it
+    /// at each equation would take a tenth of the time of an analysis.
+    Equation* lookUpEquation(const Variable<V>* variable) const {
+        equations.reserve(inOrderOfCreation.size());
+        while (equations.size() != inOrderOfCreation.size()) {
+            Equation* const equation = inOrderOfCreation[equations.size()];
+            equations.emplace(equation->variable, equation);
         }
         const auto entry = equations.find(const_cast<Variable<V>*>(variable));
         return entry == equations.end() ? nullptr : entry->second;
@@ -183,10 +187,11 @@ private:
 
     L& lattice;
     std::shared_ptr<internal::Factory<V>> factory;
-    boost::unordered_flat_map<Variable<V>*, Equation*, ElementHash<Variable<V>*>> equations;
+    // Lacks the equations that were added since it was last asked.
+    mutable boost::unordered_flat_map<Variable<V>*, Equation*, ElementHash<Variable<V>*>> equations;
     const NodeNamer* nodeNamer;
     V initialValue;                           // bottom, made once: a family copies it for each node
-    std::vector<Equation*> inOrderOfCreation; // what `equations` holds
+    std::vector<Equation*> inOrderOfCreation; // all equations
 };
 
 } // namespace zt::orvex::flow

@@ -118,7 +118,8 @@ private:
     std::int32_t current = 0;
     // Where a builder that has an equation for this variable has numbered it: a hint that spares a
     // hash look-up. A builder trusts it only where the equation of that number is this variable's.
-    std::uint32_t equationNumber = 0;
+    static constexpr std::uint32_t NO_EQUATION = ~std::uint32_t{0};
+    std::uint32_t equationNumber = NO_EQUATION;
 };
 
 /// A fixed value. It can stand only first in a right-hand side: to fold a constant in, fold in a
