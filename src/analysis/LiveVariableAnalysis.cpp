@@ -194,8 +194,9 @@ LiveVariableAnalysis::LiveVariableAnalysis(const OrderedSet<SymbolView>& univers
 
 /// Makes room for `count` flow nodes: as many as there are at least.
 void LiveVariableAnalysis::reserve(std::uint64_t count) {
-    for (VariableFamily<Value>* family : {&liveIn, &liveOut, &gen, &kill})
-        family->reserve(count);
+    liveIn.reserve(count);
+    for (VariableFamily<Value>* family : {&liveOut, &gen, &kill})
+        family->reserveNew(count);
     builder.reserve(4 * count);
 }
 
@@ -203,7 +204,10 @@ LiveVariableAnalysis::FlowNode* LiveVariableAnalysis::addNodeEquations(const Nod
     collector.clear();
     if (node != entryNode && node != exitNode) collector.collect(node);
 
-    nodes.push_back({node, liveIn.at(node), liveOut.at(node), gen.at(node), kill.at(node)});
+    // One family tells whether the node is new, and the equation of its variable is refused if not;
+    // the others need not look the node up.
+    nodes.push_back(
+        {node, liveIn.at(node), liveOut.atNew(node), gen.atNew(node), kill.atNew(node)});
     FlowNode& added = nodes.back();
     builder.addEquation(added.gen, {builder.createConstant(collector.gen())});
     builder.addEquation(added.kill, {builder.createConstant(collector.kill())});

@@ -10,6 +10,7 @@
 #include <functional>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace zt::orvex::flow {
 
@@ -25,13 +26,29 @@ public:
 
     /// The node's variable: always the same one. One hash look-up.
     Variable<V>* at(NodeView node) {
+        catchUp();
         const auto [entry, isNew] = cache.try_emplace(node, nullptr);
         if (isNew) entry->second = create(node, entry);
         return entry->second;
     }
 
+    /// As `at`, for a node that the caller knows to be new; that is not checked. Nothing is hashed
+    /// here: the next `at` makes up for it.
+    Variable<V>* atNew(NodeView node) {
+        notCached.push_back({node, nullptr});
+        try {
+            notCached.back().second = creator(node);
+        } catch (...) {
+            notCached.pop_back();
+            throw;
+        }
+        return notCached.back().second;
+    }
+
     /// Makes room for `count` nodes in one step.
     void reserve(std::size_t count) { cache.reserve(count); }
+    /// As `reserve`, for nodes that `atNew` adds.
+    void reserveNew(std::size_t count) { notCached.reserve(count); }
 
 private:
     using Cache = boost::unordered_flat_map<NodeView, Variable<V>*, ElementHash<NodeView>>;
@@ -45,9 +62,18 @@ private:
         }
     }
 
+    void catchUp() {
+        if (notCached.empty()) return;
+        cache.reserve(cache.size() + notCached.size());
+        for (const auto& [node, variable] : notCached)
+            cache.emplace(node, variable);
+        notCached.clear();
+    }
+
     std::string name;
     Creator creator;
     Cache cache;
+    std::vector<std::pair<NodeView, Variable<V>*>> notCached; // what `atNew` has added since `at`
 };
 
 } // namespace zt::orvex::flow
