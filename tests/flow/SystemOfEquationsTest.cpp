@@ -38,6 +38,18 @@ TEST_F(Solver, ConstantTakesTwoSweeps) {
     EXPECT_EQ(valueOf(x), Indices({1, 9}));
 }
 
+TEST_F(Solver, RightHandSideExtendedBehindBuildIsEvaluatedWhole) {
+    IntVariable* const x = variable();
+    IntVariable* const y = variable();
+    add(x, {constant({1})});
+    add(y, {constant({2})});
+    const auto system = builder.build();
+    EXPECT_EQ(system->solve(), 2u);
+    builder.extendEquation(y, {join(x)});
+    system->solve();
+    EXPECT_EQ(valueOf(y), Indices({1, 2}));
+}
+
 TEST_F(Solver, EmptyConstantTakesOneSweep) {
     IntVariable* const x = variable();
     add(x, {constant({})});

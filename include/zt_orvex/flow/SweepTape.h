@@ -5,6 +5,7 @@
 #include <zt_orvex/flow/Terms.h>
 #include <zt_orvex/flow/WordBlock.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <typeinfo>
@@ -21,7 +22,7 @@ public:
 
     SweepTape(const L&, const std::vector<Equation<V>*>&) {}
 
-    bool isUsable() const { return false; }
+    bool isUsableFor(const std::vector<Equation<V>*>&) const { return false; }
     bool sweep() const { return false; }
 };
 
@@ -34,7 +35,8 @@ public:
 /// once more; and no step costs virtual calls. Solving takes half of the time.
 ///
 /// Not usable, so that the terms are asked, where that could make a difference: when a term is of a
-/// class of the caller's, and when a set is not of the universe's size and so has to grow.
+/// class of the caller's, when a set is not of the universe's size and so has to grow, and when a
+/// right-hand side has been extended behind the tape's back.
 template <typename T>
 class SweepTape<PowerSetLattice<T>> {
 public:
@@ -48,8 +50,15 @@ public:
             append(*equation);
     }
 
-    /// Must be asked before sweeping: the universe may have grown.
-    bool isUsable() const { return isComplete && universe->size() == size; }
+    /// Must be asked before sweeping over `order`, from which the tape was made: the universe may
+    /// have grown since, and right-hand sides may have been extended.
+    bool isUsableFor(const std::vector<Equation<V>*>& order) const {
+        const auto isCurrent = [](const Target& target, const Equation<V>* equation) {
+            return target.termCount == equation->rightHandSide.size();
+        };
+        return isComplete && universe->size() == size &&
+               std::equal(targets.begin(), targets.end(), order.begin(), order.end(), isCurrent);
+    }
 
     /// Evaluates all equations. Whether a value changed.
     bool sweep() const {
@@ -82,7 +91,8 @@ private:
     };
     struct Target {
         Variable<V>* variable;
-        std::size_t stepCount;
+        std::uint32_t stepCount;
+        std::uint32_t termCount; // self-applications are terms, but mostly no steps
     };
 
     void append(const Equation<V>& equation) {
@@ -92,7 +102,8 @@ private:
         requireFullSize(target->previousValue());
         for (const Term<V>* term : equation.rightHandSide)
             appendTerm(*term, *target);
-        targets.push_back({target, steps.size() - before});
+        targets.push_back({target, static_cast<std::uint32_t>(steps.size() - before),
+                           static_cast<std::uint32_t>(equation.rightHandSide.size())});
     }
 
     void appendTerm(const Term<V>& term, const Variable<V>& target) {

@@ -40,7 +40,7 @@ public:
         for (internal::Equation<V>* equation : *equationsInOrder) {
             lattice.setToBottom(equation->variable->value());
         }
-        const bool usesTape = tape.isUsable();
+        const bool usesTape = tape.isUsableFor(*equationsInOrder);
         std::uint64_t sweeps = 0;
         bool changed = true;
         while (changed && sweeps < MAXIMUM_SWEEPS) {
