@@ -1,8 +1,11 @@
 #include "match/TreeMatcher.h"
 
+#include "tree/LiteralText.h"
 #include "tree/NodeShape.h"
+#include "tree/NumberValue.h"
 
 #include <zt_orvex/ast/Operators.h>
+#include <zt_orvex/support/Quote.h>
 
 namespace ostrel {
 
@@ -69,30 +72,47 @@ bool TreeMatcher::matchOwnText(NodeView a, NodeView b) {
     case NodeKind::Identifier:
         return matchStrings(first.tree.getIdentifierName(a.node),
                             second.tree.getIdentifierName(b.node));
-    case NodeKind::CharacterLiteral:
     case NodeKind::NumberLiteral:
+        return matchNumbers(a, b);
+    case NodeKind::CharacterLiteral:
     case NodeKind::StringLiteral:
-        return matchStrings(first.tree.spelling(a), second.tree.spelling(b));
+        return matchTexts(a, b);
     case NodeKind::BinaryOperation:
-        if (first.tree.getBinaryOperator(a.node) == second.tree.getBinaryOperator(b.node)) {
-            return true;
-        }
-        break;
+        return matchOperators(first.tree.getBinaryOperator(a.node),
+                              second.tree.getBinaryOperator(b.node));
     case NodeKind::UnaryOperation:
-        if (first.tree.getUnaryOperator(a.node) == second.tree.getUnaryOperator(b.node)) {
-            return true;
-        }
-        break;
+        return matchOperators(first.tree.getUnaryOperator(a.node),
+                              second.tree.getUnaryOperator(b.node));
     default:
         return true;
     }
-    logger.log("Operators do not match");
-    return false;
+}
+
+/// Numbers match when type and value do, however they are spelled; the log shows the spellings.
+bool TreeMatcher::matchNumbers(NodeView a, NodeView b) {
+    const std::u16string_view inFirst = first.tree.spelling(a);
+    const std::u16string_view inSecond = second.tree.spelling(b);
+    return reportStrings(inFirst, inSecond, numberValue(inFirst) == numberValue(inSecond));
+}
+
+/// Texts match when they stand for the same characters; the log shows them quoted alike.
+bool TreeMatcher::matchTexts(NodeView a, NodeView b) {
+    const char16_t mark = a.getKind() == NodeKind::StringLiteral ? u'"' : u'\'';
+    return matchStrings(zt::orvex::quote(literalText(first.tree, a), mark),
+                        zt::orvex::quote(literalText(second.tree, b), mark));
+}
+
+template <typename Operator>
+bool TreeMatcher::matchOperators(Operator a, Operator b) {
+    return matchStrings(spellings.of(toString(a)), spellings.of(toString(b)));
 }
 
 bool TreeMatcher::matchStrings(std::u16string_view a, std::u16string_view b) {
+    return reportStrings(a, b, a == b);
+}
+
+bool TreeMatcher::reportStrings(std::u16string_view a, std::u16string_view b, bool matched) {
     logger.beginMatchingStrings(a, b);
-    const bool matched = a == b;
     logger.doneMatching(matched);
     return matched;
 }

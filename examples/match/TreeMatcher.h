@@ -1,5 +1,6 @@
 #pragma once
 
+#include "match/WideNames.h"
 #include "source/SourceText.h"
 #include "tree/Tree.h"
 
@@ -19,8 +20,8 @@ struct MatchedProgram {
 };
 
 /// Walks two trees side by side and tells whether they say the same: the same kinds, operators,
-/// names and literals in the same places. Layout, comments and the spelling of line ends play no
-/// part.
+/// names and values in the same places. Layout, comments and the ways to spell a value play no
+/// part: 1.50 is 1.5, and 0xFFu8 is 0Xffu8; but 0xFF is no 0x00FF, which is of another type.
 ///
 /// Reports each step to `logger`; a full logger then shows the way to the first difference, and a
 /// null logger costs nothing. Stops at the first difference. Recurses as deep as the trees.
@@ -40,7 +41,12 @@ private:
     bool matchNodes(zt::orvex::NodeView a, zt::orvex::NodeView b);
     bool matchKinds(zt::orvex::NodeView a, zt::orvex::NodeView b);
     bool matchOwnText(zt::orvex::NodeView a, zt::orvex::NodeView b);
+    bool matchNumbers(zt::orvex::NodeView a, zt::orvex::NodeView b);
+    bool matchTexts(zt::orvex::NodeView a, zt::orvex::NodeView b);
+    template <typename Operator>
+    bool matchOperators(Operator a, Operator b);
     bool matchStrings(std::u16string_view a, std::u16string_view b);
+    bool reportStrings(std::u16string_view a, std::u16string_view b, bool matched);
     bool matchChildren(zt::orvex::NodeView a, zt::orvex::NodeView b);
     bool matchOptional(Field a, Field b);
     bool matchRange(Field a, Field b);
@@ -48,6 +54,7 @@ private:
     MatchedProgram first;
     MatchedProgram second;
     zt::orvex::EquivalenceLogger& logger;
+    WideNames spellings;
 };
 
 } // namespace ostrel

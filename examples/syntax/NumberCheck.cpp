@@ -1,5 +1,7 @@
 #include "syntax/NumberCheck.h"
 
+#include "tree/NumberForm.h"
+
 #include <zt_orvex/literals/LiteralValidation.h>
 
 namespace ostrel {
@@ -8,20 +10,19 @@ using zt::orvex::internal::LiteralValidationResult;
 
 namespace {
 
-bool isOneOf(char16_t unit, std::u16string_view set) {
-    return set.find(unit) != std::u16string_view::npos;
-}
-
-bool hasRadix(std::u16string_view text, std::u16string_view marks) {
-    return text.size() >= 2 && text[0] == u'0' && isOneOf(text[1], marks);
-}
-
 LiteralValidationResult validate(std::u16string_view text) {
     using namespace zt::orvex::internal;
-    if (hasRadix(text, u"bB")) return validateBinaryLiteral(text);
-    if (hasRadix(text, u"xX")) return validateHexLiteral(text);
-    const bool isImaginary = !text.empty() && isOneOf(text.back(), u"ij");
-    return validateDoubleLiteral(isImaginary ? text.substr(0, text.size() - 1) : text);
+    switch (numberForm(text)) {
+    case NumberForm::Binary:
+        return validateBinaryLiteral(text);
+    case NumberForm::Hexadecimal:
+        return validateHexLiteral(text);
+    case NumberForm::Imaginary:
+        return validateDoubleLiteral(text.substr(0, text.size() - 1));
+    case NumberForm::Decimal:
+        break;
+    }
+    return validateDoubleLiteral(text);
 }
 
 } // namespace

@@ -51,6 +51,28 @@ TEST(TreeMatcher, TellsNamesLiteralsAndOperatorsApart) {
     EXPECT_FALSE(matches("x = -a;", "x = +a;"));
 }
 
+TEST(TreeMatcher, WaysToSpellAValuePlayNoPart) {
+    EXPECT_TRUE(matches("x = 1.50;", "x = 1.5;"));
+    EXPECT_TRUE(matches("x = 2d3;", "x = 2e3;"));
+    EXPECT_TRUE(matches("x = 0xFFu8;", "x = 0Xffu8;"));
+    EXPECT_TRUE(matches("x = 2i;", "x = 2.0j;"));
+    EXPECT_TRUE(matches("hold on", "hold 'on'"));
+}
+
+TEST(TreeMatcher, TypesOfNumbersPlayAPart) {
+    EXPECT_FALSE(matches("x = 0xFF;", "x = 0x00FF;"));
+    EXPECT_FALSE(matches("x = 0x1u8;", "x = 0b1s8;"));
+    EXPECT_TRUE(matches("x = 0x1u8;", "x = 0b1u8;"));
+    EXPECT_FALSE(matches("x = 2;", "x = 2i;"));
+}
+
+TEST(TreeMatcher, LogShowsOperatorsAndQuotedTexts) {
+    EXPECT_NE(difference("x = a + b;", "x = a - b;").find("Matching strings [+] and [-]\n"),
+              std::string::npos);
+    EXPECT_NE(difference("x = 'it''s';", "x = 'a';").find("Matching strings ['it''s'] and ['a']\n"),
+              std::string::npos);
+}
+
 TEST(TreeMatcher, TellsKindsLengthsAndAbsentPartsApart) {
     EXPECT_FALSE(matches("x = 1;", "x = 1"));
     EXPECT_FALSE(matches("x = 1;", "x = 1; y = 2;"));

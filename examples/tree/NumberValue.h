@@ -1,0 +1,13 @@
+#pragma once
+
+#include <zt_orvex/literals/LiteralValue.h>
+
+#include <string_view>
+
+namespace ostrel {
+
+/// The value of a number as the source spells it. The text must have been found valid, as every
+/// NumberLiteral of a parsed tree has.
+zt::orvex::LiteralValue numberValue(std::u16string_view spelling);
+
+} // namespace ostrel
