@@ -82,7 +82,13 @@ private:
 
     enum class Operation { AssignVariable, AssignConstant, Join, Meet, Minus, Clear };
 
+    // Constructed in place: a copy of one just made waits for its two halves to reach memory, and
+    // building a tape then takes twice as long.
     struct Step {
+        Step(Operation does, const Variable<V>& with) : operation(does), variable(&with) {}
+        explicit Step(const V& assigned)
+            : operation(Operation::AssignConstant), constant(&assigned) {}
+
         Operation operation;
         union {
             const Variable<V>* variable;
@@ -90,6 +96,10 @@ private:
         };
     };
     struct Target {
+        Target(Variable<V>* defined, std::size_t stepsOfIt, std::size_t termsOfIt)
+            : variable(defined), stepCount(static_cast<std::uint32_t>(stepsOfIt)),
+              termCount(static_cast<std::uint32_t>(termsOfIt)) {}
+
         Variable<V>* variable;
         std::uint32_t stepCount;
         std::uint32_t termCount; // self-applications are terms, but mostly no steps
@@ -102,8 +112,7 @@ private:
         requireFullSize(target->previousValue());
         for (const Term<V>* term : equation.rightHandSide)
             appendTerm(*term, *target);
-        targets.push_back({target, static_cast<std::uint32_t>(steps.size() - before),
-                           static_cast<std::uint32_t>(equation.rightHandSide.size())});
+        targets.emplace_back(target, steps.size() - before, equation.rightHandSide.size());
     }
 
     void appendTerm(const Term<V>& term, const Variable<V>& target) {
@@ -116,11 +125,9 @@ private:
         } else if (type == &typeid(Minus<V>)) {
             appendStep(Operation::Minus, operandOf(term), target);
         } else if (type == &typeid(Constant<V>)) {
-            Step step{};
-            step.operation = Operation::AssignConstant;
-            step.constant = &static_cast<const Constant<V>&>(term).value;
-            requireFullSize(*step.constant);
-            steps.push_back(step);
+            const V& value = static_cast<const Constant<V>&>(term).value;
+            requireFullSize(value);
+            steps.emplace_back(value);
         } else if (type == &typeid(Meet<V>)) {
             appendStep(Operation::Meet, operandOf(term), target);
         } else {
@@ -133,10 +140,7 @@ private:
     void appendStep(Operation operation, const Variable<V>& operand, const Variable<V>& target) {
         if (&operand == &target && operation != Operation::Minus) return;
         requireFullSize(operand.value());
-        Step step{};
-        step.operation = &operand == &target ? Operation::Clear : operation;
-        step.variable = &operand;
-        steps.push_back(step);
+        steps.emplace_back(&operand == &target ? Operation::Clear : operation, operand);
     }
 
     static const Variable<V>& operandOf(const Term<V>& term) {
