@@ -36,10 +36,12 @@
 #include <zt_orvex/flow/PooledSequence.h>
 #include <zt_orvex/flow/PowerSetLattice.h>
 #include <zt_orvex/flow/SmallOrderedSet.h>
+#include <zt_orvex/flow/SweepTape.h>
 #include <zt_orvex/flow/SystemOfEquations.h>
 #include <zt_orvex/flow/SystemOfEquationsBuilder.h>
 #include <zt_orvex/flow/Terms.h>
 #include <zt_orvex/flow/VariableFamily.h>
+#include <zt_orvex/flow/WordBlock.h>
 #include <zt_orvex/flow/WordPool.h>
 #include <zt_orvex/literals/Imaginary.h>
 #include <zt_orvex/literals/IsNegativeVisitor.h>
