@@ -19,3 +19,5 @@ function(zt_orvex_find_peer name header suffixes)
 endfunction()
 
 zt_orvex_find_peer(clang clang/Analysis/Analyses/LiveVariables.h "" libclang-cpp.so.19.1 LLVM-19)
+zt_orvex_find_peer(pcre2 pcre2.h "" pcre2-16)
+zt_orvex_find_peer(absl absl/container/flat_hash_map.h "" absl_raw_hash_set absl_hash)

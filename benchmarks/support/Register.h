@@ -1,0 +1,16 @@
+#pragma once
+
+#include <benchmark/benchmark.h>
+
+#include <string>
+#include <utility>
+
+namespace zt::orvex::benchmarks {
+
+/// Registers a row that is made at run time: `measure` takes the state.
+template <typename Measure>
+benchmark::internal::Benchmark* registerRow(const std::string& name, Measure measure) {
+    return benchmark::RegisterBenchmark(name.c_str(), std::move(measure));
+}
+
+} // namespace zt::orvex::benchmarks
