@@ -9,8 +9,9 @@ namespace {
 struct ForStatementHook {
     const std::function<void(ForStatementView)>& callback;
 
-    void operator()(const ForStatementView& statement) const { callback(statement); }
-    void operator()(const NodeView&) const {}
+    void operator()(const NodeView& node, NodeKind kind) const {
+        if (kind == NodeKind::ForStatement) callback(ForStatementView(node));
+    }
 };
 
 } // namespace

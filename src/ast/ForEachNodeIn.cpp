@@ -5,7 +5,8 @@
 namespace zt::orvex {
 
 void forEachNodeIn(const NodeView& root, const std::function<void(NodeView)>& callback) {
-    internal::TreeWalker{callback}(root);
+    const auto hook = [&callback](const NodeView& node, NodeKind) { callback(node); };
+    internal::TreeWalker{hook}(root);
 }
 
 } // namespace zt::orvex

@@ -15,7 +15,7 @@ using View = WhileStatementView;
 #endif
 
 void walk(const NodeView& node) {
-    const auto hook = [](const NodeView&) {};
+    const auto hook = [](const NodeView&, NodeKind) {};
     internal::TreeWalker walker{hook};
     walker.visit(View(node));
 }
