@@ -35,6 +35,7 @@
 #include <zt_orvex/flow/OrderedSet.h>
 #include <zt_orvex/flow/PooledSequence.h>
 #include <zt_orvex/flow/PowerSetLattice.h>
+#include <zt_orvex/flow/SharedNames.h>
 #include <zt_orvex/flow/SmallOrderedSet.h>
 #include <zt_orvex/flow/SweepTape.h>
 #include <zt_orvex/flow/SystemOfEquations.h>

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <zt_orvex/flow/Equation.h>
+#include <zt_orvex/flow/SharedNames.h>
 #include <zt_orvex/flow/Terms.h>
 #include <zt_orvex/flow/WordPool.h>
 
@@ -13,8 +14,8 @@ namespace zt::orvex::flow::internal {
 /// Makes and owns all terms and equations of a system, in one pool for each type.
 ///
 /// Nothing is freed singly: all goes when the factory goes, equations first and variables last. A
-/// creating operation gives a null pointer if its pool can't get a block. Belongs to one thread at
-/// a time.
+/// creating operation gives a null pointer if its pool can't get a block. Names are copied, equal
+/// ones once. Belongs to one thread at a time.
 template <typename V>
 class Factory {
 public:
@@ -24,10 +25,10 @@ public:
 
     /// Both halves are copies of `initial`.
     Variable<V>* createVariable(const std::string& name, const V& initial) {
-        return variables.construct(name, initial, words);
+        return variables.construct(names.keep(name), initial, words);
     }
     Constant<V>* createConstant(const std::string& name, const V& value) {
-        return constants.construct(name, value, words);
+        return constants.construct(names.keep(name), value, words);
     }
     Join<V>* createJoin(Variable<V>* operand) { return joins.construct(operand); }
     Meet<V>* createMeet(Variable<V>* operand) { return meets.construct(operand); }
@@ -51,6 +52,7 @@ private:
     static constexpr int NO_LIMIT = 0;
 
     WordPool words; // outlives the values in the pools below
+    SharedNames names;
     boost::object_pool<Variable<V>> variables{FIRST_BLOCK, NO_LIMIT};
     boost::object_pool<Constant<V>> constants{FIRST_BLOCK, NO_LIMIT};
     boost::object_pool<Join<V>> joins{FIRST_BLOCK, NO_LIMIT};

@@ -74,10 +74,11 @@ public:
     std::string toString() const override { return name; }
 
 protected:
+    /// `named` is not copied: the Factory has done that, and keeps it as long as the term.
     explicit VariableOrConstant(const std::string& named) : name(named) {}
 
 private:
-    std::string name;
+    const std::string& name;
 };
 
 /// An unknown of the system, with its value of this sweep and that of the last.
