@@ -206,9 +206,9 @@ LiveVariableAnalysis::FlowNode* LiveVariableAnalysis::addNodeEquations(const Nod
 
     // One family tells whether the node is new, and the equation of its variable is refused if not;
     // the others need not look the node up.
-    nodes.push_back(
-        {node, liveIn.at(node), liveOut.atNew(node), gen.atNew(node), kill.atNew(node)});
-    FlowNode& added = nodes.back();
+    Variable<Value>* const in = liveIn.at(node);
+    FlowNode& added =
+        nodes.emplace_back(node, in, liveOut.atNew(node), gen.atNew(node), kill.atNew(node));
     builder.addEquation(added.gen, {builder.createConstant(collector.gen())});
     builder.addEquation(added.kill, {builder.createConstant(collector.kill())});
     builder.addEquation(added.liveIn, {added.liveOut, builder.createMinus(added.kill),

@@ -36,6 +36,10 @@ public:
 
     /// A node with its variables, which are looked up once.
     struct FlowNode {
+        FlowNode(const NodeView& of, Variable<Value>* in, Variable<Value>* out,
+                 Variable<Value>* generated, Variable<Value>* killed)
+            : node(of), liveIn(in), liveOut(out), gen(generated), kill(killed) {}
+
         NodeView node;
         Variable<Value>* liveIn;
         Variable<Value>* liveOut;

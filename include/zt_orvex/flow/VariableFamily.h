@@ -25,7 +25,7 @@ public:
         : name(std::move(named)), creator(std::move(makes)) {}
 
     /// The node's variable: always the same one. One hash look-up.
-    Variable<V>* at(NodeView node) {
+    Variable<V>* at(const NodeView& node) {
         catchUp();
         const auto [entry, isNew] = cache.try_emplace(node, nullptr);
         if (isNew) entry->second = create(node, entry);
@@ -34,15 +34,10 @@ public:
 
     /// As `at`, for a node that the caller knows to be new; that is not checked. Nothing is hashed
     /// here: the next `at` makes up for it.
-    Variable<V>* atNew(NodeView node) {
-        notCached.push_back({node, nullptr});
-        try {
-            notCached.back().second = creator(node);
-        } catch (...) {
-            notCached.pop_back();
-            throw;
-        }
-        return notCached.back().second;
+    Variable<V>* atNew(const NodeView& node) {
+        Variable<V>* const created = creator(node);
+        notCached.emplace_back(node, created);
+        return created;
     }
 
     /// Makes room for `count` nodes in one step.
@@ -53,7 +48,7 @@ public:
 private:
     using Cache = boost::unordered_flat_map<NodeView, Variable<V>*, ElementHash<NodeView>>;
 
-    Variable<V>* create(NodeView node, typename Cache::iterator entry) {
+    Variable<V>* create(const NodeView& node, typename Cache::iterator entry) {
         try {
             return creator(node);
         } catch (...) {
