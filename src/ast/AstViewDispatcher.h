@@ -47,8 +47,8 @@ public:
 
     /// The same for a caller that has asked for the kind already.
     template <typename... Args>
-    [[gnu::always_inline]] static inline void
-    dispatchAs(NodeKind kind, Visitor& visitor, const NodeView& node, Args&&... args) {
+    [[gnu::always_inline]] static inline void dispatchAs(NodeKind kind, Visitor& visitor,
+                                                         const NodeView& node, Args&&... args) {
         switch (kind) {
 #define ZT_ORVEX_NODE_KIND(Name, Class)                                                            \
     case NodeKind::Name:                                                                           \

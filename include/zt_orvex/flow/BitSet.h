@@ -37,30 +37,27 @@ class BitSet {
 public:
     /// The empty set.
     explicit BitSet(const OrderedSet<T>& over)
-        : universe(&over), bits(over.size() & SIZE_MASK), isPooled(false), words(nullptr) {
+        : universe(&over), sizeAndPool(over.size()), words(nullptr) {
         words = newWords(wordCount());
         std::fill_n(words, wordCount(), 0);
     }
 
     /// Grows `other`, and takes the universe's size of now.
-    BitSet(const BitSet& other) : BitSet(other, false) {
+    BitSet(const BitSet& other) : BitSet(other, NOT_POOLED) {
         words = newWords(wordCount());
-        std::copy_n(other.words, wordCount(), words);
+        copyWords(words, other.words, wordCount());
     }
 
     /// As the copy, with the words in `from`, which must outlive this set.
-    BitSet(const BitSet& other, internal::WordPool& from) : BitSet(other, true) {
+    BitSet(const BitSet& other, internal::WordPool& from) : BitSet(other, POOLED) {
         words = from.allocate(wordCount());
-        std::copy_n(other.words, wordCount(), words);
+        copyWords(words, other.words, wordCount());
     }
 
     /// Leaves `other` an empty set over the same universe.
     BitSet(BitSet&& other) noexcept
-        : universe(other.universe), bits(other.bits), isPooled(other.isPooled),
-          words(std::exchange(other.words, nullptr)) {
-        other.bits = 0;
-        other.isPooled = false;
-    }
+        : universe(other.universe), sizeAndPool(std::exchange(other.sizeAndPool, 0)),
+          words(std::exchange(other.words, nullptr)) {}
 
     BitSet& operator=(const BitSet& other) {
         if (this != &other) *this = BitSet(other);
@@ -71,11 +68,8 @@ public:
         if (this != &other) {
             release();
             universe = other.universe;
-            bits = other.bits;
-            isPooled = other.isPooled;
+            sizeAndPool = std::exchange(other.sizeAndPool, 0);
             words = std::exchange(other.words, nullptr);
-            other.bits = 0;
-            other.isPooled = false;
         }
         return *this;
     }
@@ -121,7 +115,7 @@ public:
     void addAll() {
         growToUniverse();
         std::fill_n(words, wordCount(), ALL_ONES);
-        const std::uint64_t used = bits % 64;
+        const std::uint64_t used = bitCount() % 64;
         if (used != 0) words[wordCount() - 1] ^= ALL_ONES << used;
     }
 
@@ -145,19 +139,20 @@ public:
     /// grow the set. Throws std::logic_error("getSmallestElementStartingFromIndex failed").
     const T& getSmallestElementStartingFromIndex(std::uint64_t index) const {
         const std::uint64_t found = findFrom(index);
-        if (found == bits) throw std::logic_error("getSmallestElementStartingFromIndex failed");
+        if (found == bitCount())
+            throw std::logic_error("getSmallestElementStartingFromIndex failed");
         return universe->elementAt(found);
     }
 
     /// The lowest index of a member at or behind `index`, or `bitCount()` when there is none.
     /// Neither grows nor throws.
     std::uint64_t findFrom(std::uint64_t index) const {
-        if (index >= bits) return bits;
+        if (index >= bitCount()) return bitCount();
         const std::uint64_t* word = words + index / 64;
         const std::uint64_t* const end = words + wordCount();
         std::uint64_t rest = *word & (ALL_ONES << (index % 64));
         while (rest == 0) {
-            if (++word == end) return bits;
+            if (++word == end) return bitCount();
             rest = *word;
         }
         return static_cast<std::uint64_t>(word - words) * 64 + lowestBit(rest);
@@ -217,7 +212,7 @@ public:
     /// they are too few.
     void assign(const BitSet& source) {
         if (source.wordCount() > wordCount()) replaceWords(newWords(source.wordCount()));
-        bits = source.bits;
+        setBitCount(source.bitCount());
         copyWords(words, source.words, wordCount());
     }
 
@@ -232,7 +227,7 @@ public:
     std::unordered_set<T> toComplementElementSet() const {
         growToUniverse();
         std::unordered_set<T> others;
-        for (std::uint64_t index = 0; index < bits; ++index) {
+        for (std::uint64_t index = 0; index < bitCount(); ++index) {
             if (!containsIndex(index)) others.insert(universe->elementAt(index));
         }
         return others;
@@ -241,19 +236,20 @@ public:
     /// Brings the set to the universe's size; new elements are no members. Allocates only when the
     /// universe has passed a word boundary. Every operation that needs it does it by itself.
     void growToUniverse() const {
-        if (universe->size() > bits) growTo(universe->size());
+        if (universe->size() > bitCount()) growTo(universe->size());
     }
 
     /// How many bits are valid: the universe's size when the set was last used.
-    std::uint64_t bitCount() const { return bits; }
+    std::uint64_t bitCount() const { return sizeAndPool & ~POOLED; }
 
 private:
     template <typename>
     friend class internal::SweepTape;
 
-    static constexpr std::uint64_t ALL_ONES = ~std::uint64_t{0};
-    static constexpr std::uint64_t SIZE_MASK = ALL_ONES >> 1; // no universe is that large
     static constexpr std::uint64_t BLOCK = 64;
+    static constexpr std::uint64_t ALL_ONES = ~std::uint64_t{0};
+    static constexpr std::uint64_t NOT_POOLED = 0;
+    static constexpr std::uint64_t POOLED = ~(ALL_ONES >> 1); // no universe is that large
 
     static std::uint64_t bitOf(std::uint64_t index) { return std::uint64_t{1} << (index % 64); }
     static std::uint64_t wordsFor(std::uint64_t count) { return (count + 63) / 64; }
@@ -262,13 +258,14 @@ private:
     }
 
     /// The begin of a copy: all but the words.
-    BitSet(const BitSet& other, bool pooled)
-        : universe(other.universe), isPooled(pooled), words(nullptr) {
+    BitSet(const BitSet& other, std::uint64_t pooled) : universe(other.universe), words(nullptr) {
         other.growToUniverse();
-        bits = other.bits;
+        sizeAndPool = other.bitCount() | pooled;
     }
 
-    std::uint64_t wordCount() const { return wordsFor(bits); }
+    std::uint64_t wordCount() const { return wordsFor(bitCount()); }
+    bool isPooled() const { return (sizeAndPool & POOLED) != 0; }
+    void setBitCount(std::uint64_t count) const { sizeAndPool = count | (sizeAndPool & POOLED); }
 
     // The solver copies and compares a set for each equation of each sweep, and the sets of most
     // programs take a word or a few: for these the calls of the library functions cost more than
@@ -323,7 +320,7 @@ private:
             std::fill_n(grown + oldWords, needed - oldWords, 0);
             replaceWords(grown);
         }
-        bits = count & SIZE_MASK;
+        setBitCount(count);
     }
 
     template <typename Operation>
@@ -345,18 +342,20 @@ private:
         return count == 0 ? nullptr : new std::uint64_t[count];
     }
     void release() const {
-        if (!isPooled) delete[] words;
+        if (!isPooled()) delete[] words;
     }
     void replaceWords(std::uint64_t* array) const {
         release();
         words = array;
-        isPooled = false;
+        sizeAndPool &= ~POOLED;
     }
 
     // Growth is no change of value, so it also happens under const.
     const OrderedSet<T>* universe;
-    mutable std::uint64_t bits : 63;
-    mutable std::uint64_t isPooled : 1; // the words belong to a pool, and not to this set
+    // How many bits are valid, and in the highest bit whether the words belong to a pool, not to
+    // this set. Deliberate: no bit-fields. A flag that is stored as a byte and read at once as a
+    // part of the size makes the processor wait: making the variables took four times as long.
+    mutable std::uint64_t sizeAndPool;
     mutable std::uint64_t* words;
 };
 
