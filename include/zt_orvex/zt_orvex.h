@@ -43,6 +43,7 @@
 #include <zt_orvex/flow/Terms.h>
 #include <zt_orvex/flow/VariableFamily.h>
 #include <zt_orvex/flow/WordBlock.h>
+#include <zt_orvex/flow/WordLoops.h>
 #include <zt_orvex/flow/WordPool.h>
 #include <zt_orvex/literals/Imaginary.h>
 #include <zt_orvex/literals/IsNegativeVisitor.h>

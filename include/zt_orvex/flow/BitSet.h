@@ -1,6 +1,7 @@
 #pragma once
 
 #include <zt_orvex/flow/OrderedSet.h>
+#include <zt_orvex/flow/WordLoops.h>
 #include <zt_orvex/flow/WordPool.h>
 
 #include <algorithm>
@@ -155,24 +156,23 @@ public:
             if (++word == end) return bitCount();
             rest = *word;
         }
-        return static_cast<std::uint64_t>(word - words) * 64 + lowestBit(rest);
+        return static_cast<std::uint64_t>(word - words) * 64 + internal::lowestBit(rest);
     }
 
     /// Calls `visit(index)` for each member, ascending. The set must not change meanwhile.
     template <typename Visitor>
     void forEachIndex(Visitor visit) const {
         growToUniverse();
-        for (std::uint64_t i = 0; i < wordCount(); ++i) {
-            for (std::uint64_t rest = words[i]; rest != 0; rest &= rest - 1) {
-                visit(i * 64 + lowestBit(rest));
-            }
-        }
+        internal::forEachUsedWord(words, wordCount(),
+                                  [&visit](std::uint64_t number, std::uint64_t word) {
+                                      for (; word != 0; word &= word - 1)
+                                          visit(number * 64 + internal::lowestBit(word));
+                                  });
     }
 
     /// Grows both sets.
     friend bool operator==(const BitSet& a, const BitSet& b) {
-        a.growToUniverse();
-        b.growToUniverse();
+        growBoth(a, b);
         return areEqual(a.words, b.words, a.wordCount());
     }
     friend bool operator!=(const BitSet& a, const BitSet& b) { return !(a == b); }
@@ -181,32 +181,15 @@ public:
     bool isSubsetOf(const BitSet& other) const {
         growToUniverse();
         const std::uint64_t shared = std::min(wordCount(), other.wordCount());
-        // A block at a time: the inner loop has no exit, so that the compiler can vectorise it.
-        std::uint64_t i = 0;
-        for (; i + BLOCK <= shared; i += BLOCK) {
-            std::uint64_t missing = 0;
-            for (std::uint64_t j = i; j < i + BLOCK; ++j)
-                missing |= words[j] & ~other.words[j];
-            if (missing != 0) return false;
-        }
-        std::uint64_t missing = 0;
-        for (; i < shared; ++i)
-            missing |= words[i] & ~other.words[i];
-        for (; i < wordCount(); ++i)
-            missing |= words[i];
-        return missing == 0;
+        return internal::runLoop<internal::SubsetLoop>(shared, words, other.words) &&
+               std::all_of(words + shared, words + wordCount(),
+                           [](std::uint64_t word) { return word == 0; });
     }
 
     /// Grows both sets, as the next two do.
-    void unionWith(const BitSet& other) {
-        combineWith(other, [](std::uint64_t a, std::uint64_t b) { return a | b; });
-    }
-    void intersectWith(const BitSet& other) {
-        combineWith(other, [](std::uint64_t a, std::uint64_t b) { return a & b; });
-    }
-    void subtract(const BitSet& other) {
-        combineWith(other, [](std::uint64_t a, std::uint64_t b) { return a & ~b; });
-    }
+    void unionWith(const BitSet& other) { combineWith<internal::Union>(other); }
+    void intersectWith(const BitSet& other) { combineWith<internal::Intersection>(other); }
+    void subtract(const BitSet& other) { combineWith<internal::Difference>(other); }
 
     /// Takes the value and the `bitCount()` of `source`, and grows neither. Keeps its words unless
     /// they are too few.
@@ -246,16 +229,12 @@ private:
     template <typename>
     friend class internal::SweepTape;
 
-    static constexpr std::uint64_t BLOCK = 64;
     static constexpr std::uint64_t ALL_ONES = ~std::uint64_t{0};
     static constexpr std::uint64_t NOT_POOLED = 0;
     static constexpr std::uint64_t POOLED = ~(ALL_ONES >> 1); // no universe is that large
 
     static std::uint64_t bitOf(std::uint64_t index) { return std::uint64_t{1} << (index % 64); }
     static std::uint64_t wordsFor(std::uint64_t count) { return (count + 63) / 64; }
-    static std::uint64_t lowestBit(std::uint64_t word) {
-        return static_cast<std::uint64_t>(__builtin_ctzll(word));
-    }
 
     /// The begin of a copy: all but the words.
     BitSet(const BitSet& other, std::uint64_t pooled) : universe(other.universe), words(nullptr) {
@@ -310,6 +289,13 @@ private:
         return word;
     }
 
+    /// Sets that meet have one universe, so that one look at it answers for both.
+    static void growBoth(const BitSet& a, const BitSet& b) {
+        if (a.bitCount() == b.bitCount() && a.universe->size() == a.bitCount()) return;
+        a.growToUniverse();
+        b.growToUniverse();
+    }
+
     // Out of line: every operation asks whether to grow, and hardly any does.
     [[gnu::noinline]] void growTo(std::uint64_t count) const {
         const std::uint64_t oldWords = wordCount();
@@ -324,18 +310,9 @@ private:
     }
 
     template <typename Operation>
-    void combineWith(const BitSet& other, Operation operation) {
-        growToUniverse();
-        other.growToUniverse();
-        std::uint64_t* const target = words;
-        const std::uint64_t* const operand = other.words;
-        const std::uint64_t count = wordCount();
-        if (count == 1) {
-            *target = operation(*target, *operand);
-            return;
-        }
-        for (std::uint64_t i = 0; i < count; ++i)
-            target[i] = operation(target[i], operand[i]);
+    void combineWith(const BitSet& other) {
+        growBoth(*this, other);
+        internal::runLoop<internal::CombineLoop<Operation>>(wordCount(), words, other.words);
     }
 
     static std::uint64_t* newWords(std::uint64_t count) {

@@ -1,0 +1,201 @@
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+
+namespace zt::orvex::flow::internal {
+
+// Loops over the words of bit sets, in vectors of four words: a register where the processor has
+// AVX2, two elsewhere. The vectors are written out, since whether a compiler makes some of a plain
+// loop depends on a consumer's options, and how fast that loop runs on where it comes to lie.
+
+using WordVector = std::uint64_t __attribute__((vector_size(32)));
+constexpr std::uint64_t VECTOR = 4; // words
+
+/// The number of the lowest bit of a word that is not zero.
+inline std::uint64_t lowestBit(std::uint64_t word) {
+    return static_cast<std::uint64_t>(__builtin_ctzll(word));
+}
+
+inline void load(WordVector& vector, const std::uint64_t* words) {
+    std::memcpy(&vector, words, sizeof vector);
+}
+inline bool hasBits(const WordVector& vector) {
+    return (vector[0] | vector[1] | vector[2] | vector[3]) != 0;
+}
+
+#if defined(__x86_64__) && defined(__GNUC__)
+inline bool hasWideRegisters() { return __builtin_cpu_supports("avx2") != 0; }
+
+template <typename Loop, typename... Args>
+[[gnu::target("avx2"), gnu::noinline]] auto runInWideRegisters(Args... args) {
+    return Loop::run(args...);
+}
+#else
+inline bool hasWideRegisters() { return false; }
+
+template <typename Loop, typename... Args>
+auto runInWideRegisters(Args... args) {
+    return Loop::run(args...);
+}
+#endif
+
+/// Runs a loop over `count` words, in wide registers where the processor has them and the words are
+/// worth the call.
+template <typename Loop, typename... Args>
+auto runLoop(std::uint64_t count, Args... args) {
+    constexpr std::uint64_t WORTH_A_CALL = 16;
+    if (count >= WORTH_A_CALL && hasWideRegisters()) {
+        return runInWideRegisters<Loop>(args..., count);
+    }
+    return Loop::run(args..., count);
+}
+
+// What a CombineLoop does to a word, or to a vector of words.
+
+struct Union {
+    template <typename Words>
+    static void apply(Words& words, const Words& others) {
+        words |= others;
+    }
+};
+struct Intersection {
+    template <typename Words>
+    static void apply(Words& words, const Words& others) {
+        words &= others;
+    }
+};
+struct Difference {
+    template <typename Words>
+    static void apply(Words& words, const Words& others) {
+        words &= ~others;
+    }
+};
+
+/// Applies `Operation` to each word of an array and its partner in another.
+template <typename Operation>
+struct CombineLoop {
+    [[gnu::always_inline]] static inline void run(std::uint64_t* words, const std::uint64_t* others,
+                                                  std::uint64_t count) {
+        std::uint64_t at = 0;
+        for (; at + 4 * VECTOR <= count; at += 4 * VECTOR) {
+            combineVector(words + at, others + at);
+            combineVector(words + at + VECTOR, others + at + VECTOR);
+            combineVector(words + at + 2 * VECTOR, others + at + 2 * VECTOR);
+            combineVector(words + at + 3 * VECTOR, others + at + 3 * VECTOR);
+        }
+        for (; at + VECTOR <= count; at += VECTOR)
+            combineVector(words + at, others + at);
+        for (; at < count; ++at)
+            Operation::apply(words[at], others[at]);
+    }
+
+private:
+    [[gnu::always_inline]] static inline void combineVector(std::uint64_t* words,
+                                                            const std::uint64_t* others) {
+        WordVector vector;
+        WordVector other;
+        load(vector, words);
+        load(other, others);
+        Operation::apply(vector, other);
+        std::memcpy(words, &vector, sizeof vector);
+    }
+};
+
+/// Whether no bit of one array is missing in another. Looks once a block for one that is.
+struct SubsetLoop {
+    [[gnu::always_inline]] static inline bool
+    run(const std::uint64_t* words, const std::uint64_t* allowed, std::uint64_t count) {
+        std::uint64_t at = 0;
+        for (; at + BLOCK <= count; at += BLOCK) {
+            WordVector missing = {};
+            for (std::uint64_t i = at; i < at + BLOCK; i += 2 * VECTOR) {
+                addMissing(missing, words + i, allowed + i);
+                addMissing(missing, words + i + VECTOR, allowed + i + VECTOR);
+            }
+            if (hasBits(missing)) return false;
+        }
+        if (at + VECTOR <= count) {
+            WordVector missing = {};
+            for (; at + VECTOR <= count; at += VECTOR)
+                addMissing(missing, words + at, allowed + at);
+            if (hasBits(missing)) return false;
+        }
+        std::uint64_t missing = 0;
+        for (; at < count; ++at)
+            missing |= words[at] & ~allowed[at];
+        return missing == 0;
+    }
+
+private:
+    static constexpr std::uint64_t BLOCK = 64;
+
+    [[gnu::always_inline]] static inline void
+    addMissing(WordVector& missing, const std::uint64_t* words, const std::uint64_t* allowed) {
+        WordVector vector;
+        WordVector other;
+        load(vector, words);
+        load(other, allowed);
+        missing |= vector & ~other;
+    }
+};
+
+/// Which words of an array have members: bit i of mask m for word 64 m + i.
+struct UsedWordsLoop {
+    [[gnu::always_inline]] static inline void run(const std::uint64_t* words, std::uint64_t* masks,
+                                                  std::uint64_t count) {
+        for (; count >= 64; count -= 64) {
+            *masks++ = maskOfBlock(words);
+            words += 64;
+        }
+        std::uint64_t mask = 0;
+        for (std::uint64_t at = 0; at < count; ++at)
+            mask |= std::uint64_t{words[at] != 0} << at;
+        if (count != 0) *masks = mask;
+    }
+
+private:
+    [[gnu::always_inline]] static inline std::uint64_t maskOfBlock(const std::uint64_t* words) {
+        WordVector unused = {};
+        WordVector bits = {1, 2, 4, 8};
+        for (std::uint64_t at = 0; at < 64; at += 4 * VECTOR) {
+            addUnused(unused, words + at, bits);
+            addUnused(unused, words + at + VECTOR, bits << VECTOR);
+            addUnused(unused, words + at + 2 * VECTOR, bits << 2 * VECTOR);
+            addUnused(unused, words + at + 3 * VECTOR, bits << 3 * VECTOR);
+            bits <<= 4 * VECTOR;
+        }
+        return ~(unused[0] | unused[1] | unused[2] | unused[3]);
+    }
+
+    [[gnu::always_inline]] static inline void
+    addUnused(WordVector& unused, const std::uint64_t* words, const WordVector& bits) {
+        WordVector vector;
+        load(vector, words);
+        unused |= reinterpret_cast<WordVector>(vector == 0) & bits;
+    }
+};
+
+/// Calls `visit(number, word)` for each word that is not zero, ascending.
+///
+/// Finds such words first and visits them then: with a branch at each word, a processor that can't
+/// foresee it takes four times as long where one bit in a thousand is set.
+template <typename Visitor>
+void forEachUsedWord(const std::uint64_t* words, std::uint64_t count, Visitor visit) {
+    constexpr std::uint64_t MASKS = 16;
+    constexpr std::uint64_t CHUNK = 64 * MASKS; // words
+    std::uint64_t masks[MASKS];
+    for (std::uint64_t chunk = 0; chunk < count; chunk += CHUNK) {
+        const std::uint64_t size = std::min(CHUNK, count - chunk);
+        runLoop<UsedWordsLoop>(size, words + chunk, masks);
+        for (std::uint64_t block = 0; block * 64 < size; ++block) {
+            for (std::uint64_t used = masks[block]; used != 0; used &= used - 1) {
+                const std::uint64_t number = chunk + block * 64 + lowestBit(used);
+                visit(number, words[number]);
+            }
+        }
+    }
+}
+
+} // namespace zt::orvex::flow::internal
