@@ -188,10 +188,15 @@ TEST(EvaluationOrderRandom, DoesNotDependOnAddresses) {
     }
 }
 
-TEST(SolverRandom, AgreesWithPlainSolverInValuesAndSweeps) {
+/// Sets of two words, and of so many that they are gone over in another way: a multiple of all that
+/// a loop takes at once, and not.
+class SolverRandom : public ::testing::TestWithParam<int> {};
+INSTANTIATE_TEST_SUITE_P(Sizes, SolverRandom, ::testing::Values(128, 1024, 1700));
+
+TEST_P(SolverRandom, AgreesWithPlainSolverInValuesAndSweeps) {
     Random random;
     SCOPED_TRACE(random.describe());
-    const OrderedSet<int> universe = numbers(128);
+    const OrderedSet<int> universe = numbers(GetParam());
     IntLattice lattice(universe);
     std::size_t solved = 0;
     std::size_t failed = 0;

@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <map>
@@ -52,11 +53,13 @@ protected:
     IntBuilder builder{lattice, nullptr};
 };
 
-/// A plain system, built with the framework.
+/// A plain system, built with the framework. In a universe of more than 128 elements, those of the
+/// system lie evenly spread.
 class BuiltSystem {
 public:
     BuiltSystem(const PlainSystem& plain, const OrderedSet<int>& universe, IntLattice& lattice)
-        : builder(lattice, nullptr) {
+        : spread(std::max(1, static_cast<int>(universe.size() / PlainSystem::Value().size()))),
+          builder(lattice, nullptr) {
         for (const PlainSystem::Variable& variable : plain.variables) {
             variables.push_back(builder.createVariable(""));
             variables.back()->value() = setFrom(variable.value(), universe);
@@ -86,7 +89,8 @@ public:
     PlainSystem::Value valueOf(std::size_t variable) const {
         PlainSystem::Value value;
         for (const int index : indicesOf(variables[variable]->value())) {
-            value.set(static_cast<std::size_t>(index));
+            EXPECT_EQ(index % spread, 0) << "no element of the system";
+            value.set(static_cast<std::size_t>(index / spread));
         }
         return value;
     }
@@ -105,10 +109,10 @@ public:
     }
 
 private:
-    static IntSet setFrom(const PlainSystem::Value& value, const OrderedSet<int>& universe) {
+    IntSet setFrom(const PlainSystem::Value& value, const OrderedSet<int>& universe) const {
         IntSet set(universe);
         for (std::size_t i = 0; i < value.size(); ++i) {
-            if (value.test(i)) set.add(number(static_cast<int>(i)));
+            if (value.test(i)) set.add(number(static_cast<int>(i) * spread));
         }
         return set;
     }
@@ -142,6 +146,7 @@ private:
             builder.extendEquation(defined, next, next + 1);
     }
 
+    int spread; // of the elements, over the indices of the universe
     IntBuilder builder;
     std::vector<IntVariable*> variables;
     std::shared_ptr<SystemOfEquations<IntLattice>> system;

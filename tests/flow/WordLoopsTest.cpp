@@ -14,7 +14,9 @@ namespace {
 using Words = std::vector<std::uint64_t>;
 
 // Around each length at which a loop changes its step, and one that is longer than a chunk.
-const std::size_t LENGTHS[] = {0,  1,  2,  3,   4,   5,   7,   8,   15,  16,  17,   19,   31,   32,  63, 64, 65, 67, 79, 80, 127, 128, 129, 191, 192, 500, 1023, 1024, 1025, 1087, 1088, 2048, 2049};
+const std::size_t LENGTHS[] = {0,   1,   2,   3,   4,    5,    7,    8,    15,   16,   17,
+                               19,  31,  32,  63,  64,   65,   67,   79,   80,   127,  128,
+                               129, 191, 192, 500, 1023, 1024, 1025, 1087, 1088, 2048, 2049};
 
 /// Words of which about one in `oneIn` is not zero.
 Words randomWords(std::mt19937_64& random, std::size_t length, unsigned oneIn) {
@@ -38,32 +40,83 @@ void expectCombines(std::uint64_t (*plain)(std::uint64_t, std::uint64_t)) {
         for (std::size_t i = 0; i < length; ++i)
             expected[i] = plain(words[i], others[i]);
 
-        Words combined = words;
-        runLoop<CombineLoop<Operation>>(length, combined.data(), others.data());
-        EXPECT_EQ(combined, expected) << length;
+        Words result(length);
+        runLoop<CombineLoop<Operation>>(length, result.data(), words.data(), others.data());
+        EXPECT_EQ(result, expected) << length;
 
-        combined = words;
-        CombineLoop<Operation>::run(combined.data(), others.data(), length);
-        EXPECT_EQ(combined, expected) << length << " in narrow registers";
+        result = words;
+        CombineLoop<Operation>::run(result.data(), result.data(), others.data(), length);
+        EXPECT_EQ(result, expected) << length << " in narrow registers";
+
+        result = words;
+        runLoop<CombineInPlaceLoop<Operation>>(length, result.data(), others.data());
+        EXPECT_EQ(result, expected) << length << " in place";
+
+        result = others;
+        runLoop<CombineLoop<Operation>>(length, result.data(), words.data(), result.data());
+        EXPECT_EQ(result, expected) << length << " in the place of the second";
     }
 }
 
-TEST(WordLoops, UnionIsTakenWordByWord) {
-    expectCombines<Union>([](std::uint64_t a, std::uint64_t b) { return a | b; });
+template <typename Operation>
+void expectTellsChanges(std::uint64_t (*plain)(std::uint64_t, std::uint64_t)) {
+    std::mt19937_64 random(5);
+    for (const std::size_t length : LENGTHS) {
+        const Words words = randomWords(random, length, 1);
+        const Words others = randomWords(random, length, 1);
+        Words previous = words;
+        for (std::size_t i = 0; i < length; ++i)
+            previous[i] = plain(words[i], others[i]);
+        const Words expected = previous;
+        const auto differs = [&] {
+            Words result(length);
+            const bool wide = runLoop<ChangeLoop<Operation>>(length, result.data(), words.data(),
+                                                             others.data(), previous.data());
+            EXPECT_EQ(result, expected) << length;
+            result = words;
+            EXPECT_EQ(ChangeLoop<Operation>::run(result.data(), result.data(), others.data(),
+                                                 previous.data(), length),
+                      wide);
+            EXPECT_EQ(result, expected) << length << " in place, in narrow registers";
+            return wide;
+        };
+        EXPECT_FALSE(differs()) << length;
+        for (std::size_t i = 0; i < length; i += 1 + length / 70) {
+            previous[i] ^= std::uint64_t{1} << (random() % 64);
+            ASSERT_TRUE(differs()) << length << ", word " << i;
+            previous[i] = expected[i];
+        }
+    }
 }
-TEST(WordLoops, IntersectionIsTakenWordByWord) {
-    expectCombines<Intersection>([](std::uint64_t a, std::uint64_t b) { return a & b; });
+
+std::uint64_t unionOf(std::uint64_t a, std::uint64_t b) { return a | b; }
+std::uint64_t intersectionOf(std::uint64_t a, std::uint64_t b) { return a & b; }
+std::uint64_t differenceOf(std::uint64_t a, std::uint64_t b) { return a & ~b; }
+std::uint64_t copyOf(std::uint64_t, std::uint64_t b) { return b; }
+std::uint64_t nothingOf(std::uint64_t, std::uint64_t) { return 0; }
+
+TEST(WordLoops, WordsAreCombinedOneByOne) {
+    expectCombines<Union>(unionOf);
+    expectCombines<Intersection>(intersectionOf);
+    expectCombines<Difference>(differenceOf);
+    expectCombines<Copy>(copyOf);
+    expectCombines<Clear>(nothingOf);
 }
-TEST(WordLoops, DifferenceIsTakenWordByWord) {
-    expectCombines<Difference>([](std::uint64_t a, std::uint64_t b) { return a & ~b; });
+
+TEST(WordLoops, ChangeOfAnyWordIsTold) {
+    expectTellsChanges<Union>(unionOf);
+    expectTellsChanges<Intersection>(intersectionOf);
+    expectTellsChanges<Difference>(differenceOf);
+    expectTellsChanges<Copy>(copyOf);
+    expectTellsChanges<Clear>(nothingOf);
 }
 
 TEST(WordLoops, ArrayCombinesWithItself) {
     for (const std::size_t length : LENGTHS) {
         Words words(length, 5);
-        runLoop<CombineLoop<Union>>(length, words.data(), words.data());
+        runLoop<CombineLoop<Union>>(length, words.data(), words.data(), words.data());
         EXPECT_EQ(words, Words(length, 5));
-        runLoop<CombineLoop<Difference>>(length, words.data(), words.data());
+        runLoop<CombineLoop<Difference>>(length, words.data(), words.data(), words.data());
         EXPECT_EQ(words, Words(length, 0));
     }
 }
@@ -76,8 +129,8 @@ TEST(WordLoops, OneBitTooManyAnywhereIsNoSubset) {
         for (std::uint64_t& word : words)
             word &= random();
         const auto isSubset = [&] {
-            const bool wide = runLoop<SubsetLoop>(length, std::as_const(words).data(),
-                                                  allowed.data());
+            const bool wide =
+                runLoop<SubsetLoop>(length, std::as_const(words).data(), allowed.data());
             EXPECT_EQ(SubsetLoop::run(words.data(), allowed.data(), length), wide) << length;
             return wide;
         };

@@ -312,7 +312,7 @@ private:
     template <typename Operation>
     void combineWith(const BitSet& other) {
         growBoth(*this, other);
-        internal::runLoop<internal::CombineLoop<Operation>>(wordCount(), words, other.words);
+        internal::runLoop<internal::CombineInPlaceLoop<Operation>>(wordCount(), words, other.words);
     }
 
     static std::uint64_t* newWords(std::uint64_t count) {

@@ -30,7 +30,6 @@ struct TwoBlocks {
 };
 
 using FourWords = TwoBlocks<WordPair>;
-using SixteenWords = TwoBlocks<TwoBlocks<FourWords>>;
 
 template <typename Block>
 constexpr std::size_t WORDS_OF = sizeof(Block) / sizeof(std::uint64_t);

@@ -52,7 +52,7 @@ auto runLoop(std::uint64_t count, Args... args) {
     return Loop::run(args..., count);
 }
 
-// What a CombineLoop does to a word, or to a vector of words.
+// Operations on a word, or on a vector of words.
 
 struct Union {
     template <typename Words>
@@ -72,34 +72,93 @@ struct Difference {
         words &= ~others;
     }
 };
+struct Copy {
+    template <typename Words>
+    static void apply(Words& words, const Words& others) {
+        words = others;
+    }
+};
+struct Clear {
+    template <typename Words>
+    static void apply(Words& words, const Words&) {
+        words = Words{};
+    }
+};
 
-/// Applies `Operation` to each word of an array and its partner in another.
+/// Applies `Operation` to each word of an array and its partner in another, into `target`, which
+/// may be one of the two.
 template <typename Operation>
 struct CombineLoop {
-    [[gnu::always_inline]] static inline void run(std::uint64_t* words, const std::uint64_t* others,
+    [[gnu::always_inline]] static inline void run(std::uint64_t* target, const std::uint64_t* words,
+                                                  const std::uint64_t* others,
                                                   std::uint64_t count) {
         std::uint64_t at = 0;
         for (; at + 4 * VECTOR <= count; at += 4 * VECTOR) {
-            combineVector(words + at, others + at);
-            combineVector(words + at + VECTOR, others + at + VECTOR);
-            combineVector(words + at + 2 * VECTOR, others + at + 2 * VECTOR);
-            combineVector(words + at + 3 * VECTOR, others + at + 3 * VECTOR);
+            combine(target, words, others, at);
+            combine(target, words, others, at + VECTOR);
+            combine(target, words, others, at + 2 * VECTOR);
+            combine(target, words, others, at + 3 * VECTOR);
         }
         for (; at + VECTOR <= count; at += VECTOR)
-            combineVector(words + at, others + at);
-        for (; at < count; ++at)
-            Operation::apply(words[at], others[at]);
+            combine(target, words, others, at);
+        for (; at < count; ++at) {
+            std::uint64_t word = words[at];
+            Operation::apply(word, others[at]);
+            target[at] = word;
+        }
     }
 
 private:
-    [[gnu::always_inline]] static inline void combineVector(std::uint64_t* words,
-                                                            const std::uint64_t* others) {
+    [[gnu::always_inline]] static inline void combine(std::uint64_t* target,
+                                                      const std::uint64_t* words,
+                                                      const std::uint64_t* others,
+                                                      std::uint64_t at) {
         WordVector vector;
         WordVector other;
-        load(vector, words);
-        load(other, others);
+        load(vector, words + at);
+        load(other, others + at);
         Operation::apply(vector, other);
-        std::memcpy(words, &vector, sizeof vector);
+        std::memcpy(target + at, &vector, sizeof vector);
+    }
+};
+
+/// The same into the first array.
+template <typename Operation>
+struct CombineInPlaceLoop {
+    [[gnu::always_inline]] static inline void run(std::uint64_t* words, const std::uint64_t* others,
+                                                  std::uint64_t count) {
+        CombineLoop<Operation>::run(words, words, others, count);
+    }
+};
+
+/// As CombineLoop, and tells whether the result differs from `previous`.
+template <typename Operation>
+struct ChangeLoop {
+    [[gnu::always_inline]] static inline bool run(std::uint64_t* target, const std::uint64_t* words,
+                                                  const std::uint64_t* others,
+                                                  const std::uint64_t* previous,
+                                                  std::uint64_t count) {
+        WordVector difference = {};
+        std::uint64_t at = 0;
+        for (; at + VECTOR <= count; at += VECTOR) {
+            WordVector vector;
+            WordVector other;
+            WordVector before;
+            load(vector, words + at);
+            load(other, others + at);
+            load(before, previous + at);
+            Operation::apply(vector, other);
+            std::memcpy(target + at, &vector, sizeof vector);
+            difference |= vector ^ before;
+        }
+        bool differs = hasBits(difference);
+        for (; at < count; ++at) {
+            std::uint64_t word = words[at];
+            Operation::apply(word, others[at]);
+            target[at] = word;
+            differs |= word != previous[at];
+        }
+        return differs;
     }
 };
 
