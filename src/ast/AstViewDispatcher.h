@@ -42,13 +42,7 @@ public:
     template <typename... Args>
     [[gnu::always_inline]] static inline void dispatch(Visitor& visitor, const NodeView& node,
                                                        Args&&... args) {
-        dispatchAs(node.getKind(), visitor, node, std::forward<Args>(args)...);
-    }
-
-    /// The same for a caller that has asked for the kind already.
-    template <typename... Args>
-    [[gnu::always_inline]] static inline void dispatchAs(NodeKind kind, Visitor& visitor,
-                                                         const NodeView& node, Args&&... args) {
+        const NodeKind kind = node.getKind();
         switch (kind) {
 #define ZT_ORVEX_NODE_KIND(Name, Class)                                                            \
     case NodeKind::Name:                                                                           \

@@ -21,6 +21,8 @@ namespace zt::orvex::internal {
 
 template <NodeView (IAstView::*accessor)(std::uint64_t) const>
 struct One {
+    static constexpr bool IS_ALWAYS_THERE = true;
+
     template <typename Walk>
     static void visit(const NodeView& node, const Walk& walk) {
         walk((node.view->*accessor)(node.node));
@@ -29,6 +31,8 @@ struct One {
 
 template <boost::optional<NodeView> (IAstView::*accessor)(std::uint64_t) const>
 struct Maybe {
+    static constexpr bool IS_ALWAYS_THERE = false;
+
     /// Asks once to see whether the child is there and again to use it. A tree that changes its
     /// answer in between has no child here.
     template <typename Walk>
@@ -46,6 +50,8 @@ private:
 
 template <auto accessor>
 struct Each {
+    static constexpr bool IS_ALWAYS_THERE = false;
+
     /// Asks the size anew before each element: a range that shrinks during the walk ends early.
     template <typename Walk>
     static void visit(const NodeView& node, const Walk& walk) {
@@ -57,6 +63,9 @@ struct Each {
 
 template <typename... Parts>
 struct InOrder {
+    /// Whether there are as many children as parts, whatever the node.
+    static constexpr bool IS_FIXED = (Parts::IS_ALWAYS_THERE && ...);
+
     template <typename Walk>
     static void visit(const NodeView& node, const Walk& walk) {
         (Parts::visit(node, walk), ...);
@@ -190,6 +199,8 @@ template <> struct Children<ImplicitCommandStatementView>
               Each<&IAstView::getImplicitCommandWords>> {};
 // The one kind that says by kind which of two children it has.
 template <> struct Children<InputParameterView> {
+    static constexpr bool IS_FIXED = false;
+
     template <typename Walk>
     static void visit(const NodeView& node, const Walk& walk) {
         const boost::optional<NodeView> held = getHeld(InputParameterView(node));
