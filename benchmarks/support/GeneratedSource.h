@@ -71,7 +71,7 @@ private:
 
     ArrayTree::Node expression(int depth) {
         if (depth == 0 || random.below(4) == 0) {
-            if (random.below(3) != 0) return variable();
+            if (random.below(3) != 0) return read();
             text += std::to_string(random.below(100));
             return tree.leaf(NodeKind::NumberLiteral);
         }
@@ -83,6 +83,10 @@ private:
         text += ")";
         return tree.parenthesized(tree.binary(BinaryOperator::Add, left, right));
     }
+
+    /// In C, reading a variable is a conversion, which is a node around the variable. Ours has
+    /// parentheses in its place.
+    ArrayTree::Node read() { return tree.parenthesized(variable()); }
 
     ArrayTree::Node variable() {
         const std::uint32_t number = random.below(8);
