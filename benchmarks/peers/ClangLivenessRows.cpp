@@ -2,6 +2,7 @@
 
 #include "peers/ClangLiveness.h"
 #include "support/Contest.h"
+#include "support/FreedMemory.h"
 #include "support/PerItem.h"
 
 #include <benchmark/benchmark.h>
@@ -17,14 +18,20 @@ void registerRow(Shape shape, std::uint32_t statements, std::uint32_t variables)
     const auto parsed = std::make_shared<const ClangProgram>(program);
     const LiveWords expected = idealRoundRobin(program);
     const double items = program.statements;
-    const std::string name = "analysis/clang/" + nameOf(shape, statements, variables);
-    benchmark::RegisterBenchmark(name.c_str(), [=](benchmark::State& state) {
-        LiveWords live;
-        for (auto _ : state)
-            state.SetIterationTime(parsed->analyse(live));
-        if (live != expected) state.SkipWithError("wrong answer");
-        reportPerItem(state, items);
-    })->UseManualTime();
+    const auto row = [&](const std::string& what, auto prepare) {
+        const std::string name = what + "/clang/" + nameOf(shape, statements, variables);
+        benchmark::RegisterBenchmark(name.c_str(), [=](benchmark::State& state) {
+            LiveWords live;
+            for (auto _ : state) {
+                prepare();
+                state.SetIterationTime(parsed->analyse(live));
+            }
+            if (live != expected) state.SkipWithError("wrong answer");
+            reportPerItem(state, items);
+        })->UseManualTime();
+    };
+    row("analysis", [] {});
+    row("analysis_in_fresh_memory", giveFreedMemoryBack);
 }
 
 [[maybe_unused]] const bool registered = [] {
