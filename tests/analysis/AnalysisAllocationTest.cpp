@@ -1,6 +1,7 @@
 // A program of its own: it replaces the allocation functions of the whole program.
 
 #include "analysis/AnalysisFixture.h"
+#include "testing/Random.h"
 
 #include <zt_orvex/analysis/LiveVariables.h>
 #include <zt_orvex/analysis/TransparentLiveVariablesAnalyzerView.h>
@@ -8,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <cstdlib>
 #include <functional>
 #include <memory>
@@ -152,6 +154,90 @@ TEST_F(AnalysisAllocations, OfAFailedAnalysisAreAllReturned) {
     EXPECT_THROW(analyse(), std::invalid_argument); // so that exceptions have been made, too
     const std::size_t alive = living;
     EXPECT_THROW(analyse(), std::invalid_argument);
+    EXPECT_EQ(living, alive);
+}
+
+/// A body of assignments x = y + z over 64 variables. It keeps no nodes: a handle tells the number
+/// of its statement, and in the three lowest bits which part of it the node is.
+class LongBody final : public FakeAst {
+public:
+    static constexpr std::uint64_t VARIABLES = 64;
+    enum Part : std::uint64_t { Statement, Written, Sum, Left, Right, Entry, Exit };
+
+    explicit LongBody(std::uint64_t statementsInIt) : size(statementsInIt) {}
+
+    StatementRangeView statements() const { return {0, 0, this}; }
+
+    static std::uint64_t variable(std::uint64_t statement, Part part) {
+        return ((statement * 8 + part) * 0x9E3779B97F4A7C15) >> 58;
+    }
+
+    NodeKind getNodeKind(std::uint64_t node) const override {
+        switch (partOf(node)) {
+        case Statement:
+            return NodeKind::AssignmentStatement;
+        case Sum:
+            return NodeKind::BinaryOperation;
+        default:
+            return NodeKind::Identifier;
+        }
+    }
+    NodeView getEntryNode() const override { return {Entry, this}; }
+    NodeView getExitNode() const override { return {Exit, this}; }
+    bool isVariableSymbol(std::uint64_t) const override { return true; }
+    NodeView getAssignmentLhs(std::uint64_t node) const override { return at(node, Written); }
+    NodeView getAssignmentRhs(std::uint64_t node) const override { return at(node, Sum); }
+    NodeView getBinaryLhs(std::uint64_t node) const override { return at(node, Left); }
+    NodeView getBinaryRhs(std::uint64_t node) const override { return at(node, Right); }
+    BinaryOperator getBinaryOperator(std::uint64_t) const override { return BinaryOperator::Add; }
+    std::u16string_view getIdentifierName(std::uint64_t) const override { return u"v"; }
+    SymbolView getIdentifierSymbol(std::uint64_t node) const override {
+        return {variable(node / 8, partOf(node)), this};
+    }
+    NodeView getStatementRangeElement(std::uint64_t index, std::uint64_t,
+                                      std::uint64_t) const override {
+        return {index * 8 + Statement, this};
+    }
+    std::uint64_t getStatementRangeSize(std::uint64_t, std::uint64_t) const override {
+        return size;
+    }
+
+private:
+    static Part partOf(std::uint64_t node) { return static_cast<Part>(node % 8); }
+    NodeView at(std::uint64_t node, Part part) const { return {node / 8 * 8 + part, this}; }
+
+    std::uint64_t size;
+};
+
+TEST(LongBody, MillionStatementsOver64VariablesFinishAndReturnTheirMemory) {
+    // A sanitizer's own share of the memory would be several gigabytes.
+    constexpr std::uint64_t SIZE = ZT_ORVEX_TEST_SANITIZED == 0 ? 1'000'000 : 50'000;
+    const LongBody body(SIZE);
+    flow::OrderedSet<SymbolView> universe;
+    for (std::uint64_t i = 0; i < LongBody::VARIABLES; ++i)
+        universe.add(SymbolView{i, &body});
+
+    std::uint64_t expected = 0; // a bit for each variable, from the last statement to the first
+    for (std::uint64_t i = SIZE; i-- > 0;) {
+        expected &= ~(std::uint64_t{1} << LongBody::variable(i, LongBody::Written));
+        expected |= std::uint64_t{1} << LongBody::variable(i, LongBody::Left);
+        expected |= std::uint64_t{1} << LongBody::variable(i, LongBody::Right);
+    }
+
+    const auto liveAtEntryOf = [&](const LongBody& analysed) {
+        flow::TransparentLiveVariablesAnalyzerView analyzer(universe, analysed.statements(),
+                                                            flow::AnalysisTypeView::May,
+                                                            flow::AnalysisModeView::Plain, nullptr);
+        std::uint64_t live = 0;
+        for (const SymbolView& symbol : analyzer.getVariablesLiveAtEntry())
+            live |= std::uint64_t{1} << symbol.symbol;
+        return live;
+    };
+    liveAtEntryOf(LongBody(1)); // makes what is made once for the whole program
+    const std::size_t alive = living;
+    const std::uint64_t live = liveAtEntryOf(body);
+    EXPECT_EQ(live, expected);
+    EXPECT_NE(expected, ~std::uint64_t{0}) << "some must not be live, or the test says little";
     EXPECT_EQ(living, alive);
 }
 

@@ -18,6 +18,7 @@
 #include <map>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace zt::orvex::testing {
@@ -332,6 +333,75 @@ TEST_F(Depth, ExpressionsAreAnalysed) {
     expectExpression("matrices", EXPRESSION_DEPTH / 2, "a",
                      [&](const NodeView& e) { return matrix({row({e})}); });
 }
+
+#if defined(NDEBUG) && !ZT_ORVEX_TEST_SANITIZED
+class ExpressionStack : public AnalysisCost {
+protected:
+    /// The most bytes of stack between the first questions for the kinds of an expression and of
+    /// the one that it is `wrap`ped in. `levels` is how many nodes `wrap` makes around it.
+    std::size_t bytesPerLevel(const Wrap& wrap, std::size_t levels = 1) {
+        std::vector<std::uint64_t> handles = {id("a").node};
+        NodeView expression{handles.front(), &ast};
+        for (int i = 0; i < 10; ++i) {
+            expression = wrap(expression);
+            handles.push_back(expression.node);
+        }
+        std::map<std::uint64_t, std::uintptr_t> places;
+        ast.onCall = [&](const Call& call) {
+            if (call.operation != Operation::getNodeKind) return;
+            const auto place = reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0));
+            places.emplace(call.arguments[0], place);
+        };
+        sweeps({assign(id("x"), expression)});
+        ast.onCall = nullptr;
+        std::uintptr_t most = 0;
+        for (std::size_t i = 1; i < handles.size(); ++i)
+            most = std::max(most, places.at(handles[i]) - places.at(handles[i - 1]));
+        return most / levels;
+    }
+};
+
+TEST_F(ExpressionStack, LevelTakesAtMost320Bytes) {
+    const NodeView b = id("b");
+    const std::map<std::string, Wrap> wraps = {
+        {"anonymous function", [&](const NodeView& e) { return anonymousFunction({}, e); }},
+        {"left operand", [&](const NodeView& e) { return elementOr(e, b); }},
+        {"right operand", [&](const NodeView& e) { return elementOr(b, e); }},
+        {"base of braces", [&](const NodeView& e) { return brace(e, {b}); }},
+        {"argument in braces",
+         [&](const NodeView& e) {
+             return brace(b, {b, e});
+         }},
+        {"start of a colon", [&](const NodeView& e) { return colonOperation(e, {}, b); }},
+        {"step of a colon", [&](const NodeView& e) { return colonOperation(b, e, b); }},
+        {"stop of a colon", [&](const NodeView& e) { return colonOperation(b, {}, e); }},
+        {"base of a field", [&](const NodeView& e) { return dot(e, b); }},
+        {"base of a dynamic field", [&](const NodeView& e) { return dynamicField(e, b); }},
+        {"dynamic field", [&](const NodeView& e) { return dynamicField(b, e); }},
+        {"named argument", [&](const NodeView& e) { return namedArgument(b, e); }},
+        {"base of parentheses", [&](const NodeView& e) { return paren(e, {b}); }},
+        {"argument in parentheses",
+         [&](const NodeView& e) {
+             return paren(b, {b, e});
+         }},
+        {"parentheses", [&](const NodeView& e) { return parenthesized(e); }},
+        {"operand", [&](const NodeView& e) { return minus(e); }},
+    };
+    const auto expectFew = [&](const std::string& name, std::size_t bytes) {
+        EXPECT_GT(bytes, 0U) << name;
+        EXPECT_LE(bytes, 320U) << name;
+        RecordProperty(name, std::to_string(bytes));
+    };
+    for (const auto& [name, wrap] : wraps)
+        expectFew(name, bytesPerLevel(wrap));
+    expectFew("matrix", bytesPerLevel([&](const NodeView& e) { return matrix({row({b, e})}); }, 2));
+    expectFew("cell array", bytesPerLevel(
+                                [&](const NodeView& e) {
+                                    return cellArray({row({b, e})});
+                                },
+                                2));
+}
+#endif
 
 TEST_F(Depth, TargetsAreAnalysed) {
     const NodeView target =
