@@ -38,7 +38,7 @@ class BitSet {
 public:
     /// The empty set.
     explicit BitSet(const OrderedSet<T>& over)
-        : universe(&over), sizeAndPool(over.size()), words(nullptr) {
+        : universe(&over), sizeAndPool(over.size() * 2), words(nullptr) {
         words = newWords(wordCount());
         std::fill_n(words, wordCount(), 0);
     }
@@ -223,7 +223,7 @@ public:
     }
 
     /// How many bits are valid: the universe's size when the set was last used.
-    std::uint64_t bitCount() const { return sizeAndPool & ~POOLED; }
+    std::uint64_t bitCount() const { return sizeAndPool / 2; }
 
 private:
     template <typename>
@@ -231,7 +231,7 @@ private:
 
     static constexpr std::uint64_t ALL_ONES = ~std::uint64_t{0};
     static constexpr std::uint64_t NOT_POOLED = 0;
-    static constexpr std::uint64_t POOLED = ~(ALL_ONES >> 1); // no universe is that large
+    static constexpr std::uint64_t POOLED = 1;
 
     static std::uint64_t bitOf(std::uint64_t index) { return std::uint64_t{1} << (index % 64); }
     static std::uint64_t wordsFor(std::uint64_t count) { return (count + 63) / 64; }
@@ -239,12 +239,14 @@ private:
     /// The begin of a copy: all but the words.
     BitSet(const BitSet& other, std::uint64_t pooled) : universe(other.universe), words(nullptr) {
         other.growToUniverse();
-        sizeAndPool = other.bitCount() | pooled;
+        sizeAndPool = other.bitCount() * 2 | pooled;
     }
 
     std::uint64_t wordCount() const { return wordsFor(bitCount()); }
     bool isPooled() const { return (sizeAndPool & POOLED) != 0; }
-    void setBitCount(std::uint64_t count) const { sizeAndPool = count | (sizeAndPool & POOLED); }
+    void setBitCount(std::uint64_t count) const {
+        sizeAndPool = count * 2 | (sizeAndPool & POOLED);
+    }
 
     // The solver copies and compares a set for each equation of each sweep, and the sets of most
     // programs take a word or a few: for these the calls of the library functions cost more than
@@ -291,7 +293,8 @@ private:
 
     /// Sets that meet have one universe, so that one look at it answers for both.
     static void growBoth(const BitSet& a, const BitSet& b) {
-        if (a.bitCount() == b.bitCount() && a.universe->size() == a.bitCount()) return;
+        const bool haveOneSize = (a.sizeAndPool ^ b.sizeAndPool) <= POOLED;
+        if (haveOneSize && a.universe->size() == a.bitCount()) return;
         a.growToUniverse();
         b.growToUniverse();
     }
@@ -329,9 +332,9 @@ private:
 
     // Growth is no change of value, so it also happens under const.
     const OrderedSet<T>* universe;
-    // How many bits are valid, and in the highest bit whether the words belong to a pool, not to
-    // this set. Deliberate: no bit-fields. A flag that is stored as a byte and read at once as a
-    // part of the size makes the processor wait: making the variables took four times as long.
+    // Twice the number of valid bits, plus one if the words belong to a pool, not to this set.
+    // Deliberate: no bit-fields. A flag that is stored as a byte and read at once as a part of the
+    // size makes the processor wait: making the variables took four times as long.
     mutable std::uint64_t sizeAndPool;
     mutable std::uint64_t* words;
 };
