@@ -41,15 +41,20 @@ auto runInWideRegisters(Args... args) {
 }
 #endif
 
-/// Runs a loop over `count` words, in wide registers where the processor has them and the words are
-/// worth the call.
 template <typename Loop, typename... Args>
-auto runLoop(std::uint64_t count, Args... args) {
-    constexpr std::uint64_t WORTH_A_CALL = 16;
-    if (count >= WORTH_A_CALL && hasWideRegisters()) {
+[[gnu::noinline]] auto runInNarrowRegisters(Args... args) {
+    return Loop::run(args...);
+}
+
+/// Runs a loop over `count` words, in wide registers where the processor has them and the words are
+/// worth it. Only the choice is inlined, so that no loop's frame is made before it.
+template <typename Loop, typename... Args>
+[[gnu::always_inline]] inline auto runLoop(std::uint64_t count, Args... args) {
+    constexpr std::uint64_t WIDE_ENOUGH = 16;
+    if (count >= WIDE_ENOUGH && hasWideRegisters()) {
         return runInWideRegisters<Loop>(args..., count);
     }
-    return Loop::run(args..., count);
+    return runInNarrowRegisters<Loop>(args..., count);
 }
 
 // Operations on a word, or on a vector of words.
@@ -99,6 +104,7 @@ struct CombineLoop {
             combine(target, words, others, at + 2 * VECTOR);
             combine(target, words, others, at + 3 * VECTOR);
         }
+        if (at == count) return;
         for (; at + VECTOR <= count; at += VECTOR)
             combine(target, words, others, at);
         for (; at < count; ++at) {
