@@ -4,6 +4,7 @@
 #include "ast/Children.h"
 
 #include <cstdint>
+#include <iterator>
 #include <type_traits>
 
 namespace zt::orvex::internal {
@@ -70,7 +71,7 @@ private:
     }
 
     static bool isKnown(NodeKind kind) {
-        return kind != NodeKind::Invalid && kind <= NodeKind::WhileStatement;
+        return kind != NodeKind::Invalid && static_cast<std::uint8_t>(kind) < std::size(DESCENTS);
     }
 
     // By kind.
