@@ -30,15 +30,26 @@ Words randomWords(std::mt19937_64& random, std::size_t length, unsigned oneIn) {
 /// The lowest bit of a word alone, or no bit of none.
 std::uint64_t lowestOf(std::uint64_t word) { return word & (~word + 1); }
 
+using PlainOperation = std::uint64_t (*)(std::uint64_t, std::uint64_t);
+
+/// Two random arrays, and what an operation on each word makes of them.
+struct Example {
+    Example(std::mt19937_64& random, std::size_t length, PlainOperation plain)
+        : words(randomWords(random, length, 1)), others(randomWords(random, length, 1)) {
+        for (std::size_t i = 0; i < length; ++i)
+            expected.push_back(plain(words[i], others[i]));
+    }
+
+    Words words;
+    Words others;
+    Words expected;
+};
+
 template <typename Operation>
-void expectCombines(std::uint64_t (*plain)(std::uint64_t, std::uint64_t)) {
+void expectCombines(PlainOperation plain) {
     std::mt19937_64 random(1);
     for (const std::size_t length : LENGTHS) {
-        const Words words = randomWords(random, length, 1);
-        const Words others = randomWords(random, length, 1);
-        Words expected = words;
-        for (std::size_t i = 0; i < length; ++i)
-            expected[i] = plain(words[i], others[i]);
+        const auto [words, others, expected] = Example(random, length, plain);
 
         Words result(length);
         runLoop<CombineLoop<Operation>>(length, result.data(), words.data(), others.data());
@@ -59,32 +70,29 @@ void expectCombines(std::uint64_t (*plain)(std::uint64_t, std::uint64_t)) {
 }
 
 template <typename Operation>
-void expectTellsChanges(std::uint64_t (*plain)(std::uint64_t, std::uint64_t)) {
+void expectTellsChanges(PlainOperation plain) {
     std::mt19937_64 random(5);
     for (const std::size_t length : LENGTHS) {
-        const Words words = randomWords(random, length, 1);
-        const Words others = randomWords(random, length, 1);
-        Words previous = words;
-        for (std::size_t i = 0; i < length; ++i)
-            previous[i] = plain(words[i], others[i]);
-        const Words expected = previous;
+        const Example example(random, length, plain);
+        Words previous = example.expected;
         const auto differs = [&] {
             Words result(length);
-            const bool wide = runLoop<ChangeLoop<Operation>>(length, result.data(), words.data(),
-                                                             others.data(), previous.data());
-            EXPECT_EQ(result, expected) << length;
-            result = words;
-            EXPECT_EQ(ChangeLoop<Operation>::run(result.data(), result.data(), others.data(),
-                                                 previous.data(), length),
+            const bool wide =
+                runLoop<ChangeLoop<Operation>>(length, result.data(), example.words.data(),
+                                               example.others.data(), previous.data());
+            EXPECT_EQ(result, example.expected) << length;
+            result = example.words;
+            EXPECT_EQ(ChangeLoop<Operation>::run(result.data(), result.data(),
+                                                 example.others.data(), previous.data(), length),
                       wide);
-            EXPECT_EQ(result, expected) << length << " in place, in narrow registers";
+            EXPECT_EQ(result, example.expected) << length << " in place, in narrow registers";
             return wide;
         };
         EXPECT_FALSE(differs()) << length;
         for (std::size_t i = 0; i < length; i += 1 + length / 70) {
             previous[i] ^= std::uint64_t{1} << (random() % 64);
             ASSERT_TRUE(differs()) << length << ", word " << i;
-            previous[i] = expected[i];
+            previous[i] = example.expected[i];
         }
     }
 }
