@@ -195,10 +195,15 @@ LOSERS = (
 )
 
 
+def by_number(item):
+    """So that n:100 stands before n:10000."""
+    return [int(part) if part.isdigit() else part for part in re.split(r"(\d+)", item[0])]
+
+
 def print_losers(results):
     print("\n| What lost | Row | Ours, ns | It, ns | Times as long |\n|---|---|---:|---:|---:|")
     for pattern, winner, loser, what in LOSERS:
-        for name, figure in results.figures.items():
+        for name, figure in sorted(results.figures.items(), key=by_number):
             if not re.fullmatch(pattern, name) or f"/{loser}/" not in name:
                 continue
             ours = results.best([name.replace(f"/{loser}/", f"/{winner}/")])
