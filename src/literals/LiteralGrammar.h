@@ -48,9 +48,10 @@ struct Hexadecimal {
     static constexpr unsigned RADIX = 16;
     static constexpr std::size_t BITS_PER_DIGIT = 4;
 
-    /// The value of a digit; at least RADIX for the code of any other character.
+    /// The value of a digit; at least RADIX for the code of any other character. One behind the
+    /// table keeps its higher bits, so that the loops over digits need no branch for it.
     static constexpr unsigned digitValue(std::uint32_t code) {
-        return code < HEX_DIGIT_VALUES.size() ? HEX_DIGIT_VALUES[code] : RADIX;
+        return HEX_DIGIT_VALUES[code & 0xFF] | (code & ~std::uint32_t{0xFF});
     }
 };
 
