@@ -4,6 +4,7 @@
 #include <zt_orvex/flow/PowerSetLattice.h>
 #include <zt_orvex/flow/Terms.h>
 #include <zt_orvex/flow/WordBlock.h>
+#include <zt_orvex/flow/WordLoops.h>
 
 #include <algorithm>
 #include <cstddef>
@@ -172,11 +173,10 @@ private:
         std::uint64_t at = 0;
         const auto evaluateBlocksOf = [&](auto block) {
             using Block = decltype(block);
-            using Memory = BlockMemory<Block>;
             for (; at + WORDS_OF<Block> <= target.count; at += WORDS_OF<Block>) {
-                block = evaluateBlock(first, last, Memory::load(target.value + at), at);
-                Memory::store(target.value + at, block);
-                differs |= hasBits(block ^ Memory::load(target.previous + at));
+                block = evaluateBlock(first, last, loaded<Block>(target.value + at), at);
+                store(target.value + at, block);
+                differs |= hasBits(block ^ loaded<Block>(target.previous + at));
             }
         };
         evaluateBlocksOf(FourWords{});
@@ -188,7 +188,7 @@ private:
     template <typename Block>
     static Block evaluateBlock(const Step* first, const Step* last, Block block, std::uint64_t at) {
         for (const Step* step = first; step != last; ++step) {
-            const auto operand = BlockMemory<Block>::load(operandOf(*step).words + at);
+            const auto operand = loaded<Block>(operandOf(*step).words + at);
             switch (step->operation) {
             case Operation::AssignVariable:
             case Operation::AssignConstant:
