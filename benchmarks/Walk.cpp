@@ -52,7 +52,7 @@ void walkOurs(benchmark::State& state) {
     if (count != source.tree.size()) state.SkipWithError("not every node was visited");
     reportPerItem(state, static_cast<double>(count));
 }
-BENCHMARK(walkOurs)->Name("walk/ours");
+BENCHMARK(walkOurs)->Name("walk/ours")->MinTime(WALK_SECONDS);
 
 void walkIdeally(benchmark::State& state) {
     const GeneratedSource& source = generatedSource();
@@ -70,7 +70,7 @@ void walkIdeally(benchmark::State& state) {
     if (count != source.tree.size()) state.SkipWithError("not every node was visited");
     reportPerItem(state, static_cast<double>(count));
 }
-BENCHMARK(walkIdeally)->Name("walk/ideal_array");
+BENCHMARK(walkIdeally)->Name("walk/ideal_array")->MinTime(WALK_SECONDS);
 
 } // namespace
 } // namespace zt::orvex::benchmarks

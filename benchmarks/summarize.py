@@ -28,7 +28,7 @@ class Results:
             self.wrong.append((row["name"], row["error_message"]))
         if row["run_type"] != "iteration":
             return
-        name = re.sub("/(manual_time|repeats:[0-9]+)", "", row["run_name"])
+        name = re.sub("/(manual_time|repeats:[0-9]+|min_time:[0-9.]+)", "", row["run_name"])
         for unit in ("ns_per_item", "bytes_per_item", "allocations_per_item"):
             if unit in row:
                 key = name if unit == "ns_per_item" else name + "/" + unit

@@ -39,7 +39,7 @@ void walkClang(benchmark::State& state) {
     }
     reportPerItem(state, static_cast<double>(count));
 }
-BENCHMARK(walkClang)->Name("walk/clang_RecursiveASTVisitor");
+BENCHMARK(walkClang)->Name("walk/clang_RecursiveASTVisitor")->MinTime(WALK_SECONDS);
 
 } // namespace
 } // namespace zt::orvex::benchmarks

@@ -97,6 +97,10 @@ private:
     Random random{4};
 };
 
+/// How long a row walks at least. The first walk finds the tree of another row in the caches, and
+/// takes longer than the rest.
+constexpr double WALK_SECONDS = 0.1;
+
 /// One for all rows. 2,000 functions: more nodes than the private caches of a core hold.
 inline const GeneratedSource& generatedSource() {
     static const GeneratedSource source(2000);
