@@ -7,8 +7,7 @@ namespace zt::orvex::flow {
 /// How the paths of an analysis merge, and how certain a read or a write has to be.
 enum class AnalysisTypeView : std::uint32_t {
     /// What some path does. Successors join; a partial write counts as a read, and so does a read
-    /// in
-    /// an operand that is evaluated conditionally.
+    /// in an operand that is evaluated conditionally.
     May = 0,
     /// What every path does. Successors meet; a partial write counts as a write, and a read in an
     /// operand that is evaluated conditionally doesn't count.
@@ -20,8 +19,7 @@ enum class AnalysisModeView : std::uint32_t {
     /// Every indexed write is partial.
     Plain = 0,
     /// A write through exactly one level of indexing or field access is whole, unless a subscript
-    /// is
-    /// one of the subscript variables.
+    /// is one of the subscript variables.
     Sliced = 1,
     /// As `Plain`, and expression and command statements count as writes of `ans`.
     Ans = 2,

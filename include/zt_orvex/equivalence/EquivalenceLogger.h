@@ -18,8 +18,9 @@ namespace zt::orvex {
 /// time. Text arguments are read during the call only.
 ///
 ///   logger.beginMatching("A", "B");
-///   if (!sameKind) logger.logMismatchedNodes("A", "B", kindOfA, kindOfB, positionOfA,
-///   positionOfB); logger.doneMatching(sameKind);
+///   if (!sameKind)
+///       logger.logMismatchedNodes("A", "B", kindOfA, kindOfB, positionOfA, positionOfB);
+///   logger.doneMatching(sameKind);
 class ZT_ORVEX_EXPORT EquivalenceLogger {
 public:
     EquivalenceLogger();
