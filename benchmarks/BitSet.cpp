@@ -25,7 +25,7 @@ class Ours {
 public:
     explicit Ours(std::size_t bits) : set(universeOf(bits)) {}
 
-    void insert(std::size_t bit) { set.addIndex(bit); }
+    void insert(std::size_t bit) { set.add(bit); }
     void unite(const Ours& other) { set.unionWith(other.set); }
     void intersect(const Ours& other) { set.intersectWith(other.set); }
     void subtract(const Ours& other) { set.subtract(other.set); }

@@ -11,6 +11,8 @@ namespace zt::orvex::flow::internal {
 
 using zt::orvex::internal::dispatch;
 
+static const std::string OMITTED = "<names omitted in non-asserted builds>";
+
 /// How control passes through each kind of statement.
 class LiveVariableAnalysis::StatementVisitor {
 public:
@@ -195,8 +197,6 @@ LiveVariableAnalysis::LiveVariableAnalysis(const OrderedSet<SymbolView>& univers
 /// Makes room for `count` flow nodes: as many as there are at least.
 void LiveVariableAnalysis::reserve(std::uint64_t count) {
     liveIn.reserve(count);
-    for (VariableFamily<Value>* family : {&liveOut, &gen, &kill})
-        family->reserveNew(count);
     builder.reserve(4 * count);
 }
 
@@ -208,7 +208,8 @@ LiveVariableAnalysis::FlowNode* LiveVariableAnalysis::addNodeEquations(const Nod
     // the others need not look the node up.
     Variable<Value>* const in = liveIn.at(node);
     FlowNode& added =
-        nodes.emplace_back(node, in, liveOut.atNew(node), gen.atNew(node), kill.atNew(node));
+        nodes.emplace_back(node, in, builder.createVariable(OMITTED),
+                           builder.createVariable(OMITTED), builder.createVariable(OMITTED));
     builder.addEquation(added.gen, {builder.createConstant(collector.gen())});
     builder.addEquation(added.kill, {builder.createConstant(collector.kill())});
     builder.addEquation(added.liveIn, {added.liveOut, builder.createMinus(added.kill),

@@ -5,6 +5,7 @@
 #include "ast/NodeClass.h"
 
 #include <zt_orvex/ast/ControlFlow.h>
+#include <zt_orvex/flow/internal/BitSetAccess.h>
 
 #include <algorithm>
 #include <string_view>
@@ -275,7 +276,7 @@ void ReadWriteCollector::recordWrite(const IdentifierView& identifier, const Nod
 
 void ReadWriteCollector::record(BitSet<SymbolView>& set, std::uint64_t symbol) {
     set.growToUniverse();
-    set.addIndex(symbol);
+    BitSetAccess::addIndex(set, symbol);
 }
 
 /// Whether a write reaches all of the variable, by what stands around the identifier, which is on

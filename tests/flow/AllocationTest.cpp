@@ -4,7 +4,7 @@
 #include "flow/MaxLattice.h"
 #include "flow/TestSystem.h"
 
-#include <zt_orvex/flow/Factory.h>
+#include <zt_orvex/flow/internal/Factory.h>
 
 #include <gtest/gtest.h>
 

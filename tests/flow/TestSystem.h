@@ -63,9 +63,9 @@ public:
         for (const PlainSystem::Variable& variable : plain.variables) {
             variables.push_back(builder.createVariable(""));
             variables.back()->value() = setFrom(variable.value(), universe);
-            variables.back()->flip();
+            internal::VariableAccess::flip(*variables.back());
             variables.back()->value() = setFrom(variable.value(), universe);
-            variables.back()->flip();
+            internal::VariableAccess::flip(*variables.back());
         }
         for (const PlainSystem::Equation& equation : plain.equations) {
             std::vector<Term<IntSet>*> terms;

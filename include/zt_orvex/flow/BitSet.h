@@ -1,12 +1,10 @@
 #pragma once
 
 #include <zt_orvex/flow/OrderedSet.h>
-#include <zt_orvex/flow/WordLoops.h>
-#include <zt_orvex/flow/WordPool.h>
+#include <zt_orvex/flow/internal/WordLoops.h>
 
 #include <algorithm>
 #include <cstdint>
-#include <cstring>
 #include <stdexcept>
 #include <unordered_set>
 #include <utility>
@@ -15,8 +13,7 @@ namespace zt::orvex::flow {
 
 namespace internal {
 
-template <typename L>
-class SweepTape;
+struct BitSetAccess;
 
 } // namespace internal
 
@@ -24,8 +21,8 @@ class SweepTape;
 ///
 /// Holds a pointer to the universe, which must outlive it. Elements added to the universe later are
 /// absent until added here: a set grows when it is next used, also by operations that are `const`,
-/// so it is not safe to share even for reading. Two sets that meet in an operation must have the
-/// same universe; that is not checked. Whole-set operations cost one pass over the words.
+/// so it isn't safe to share even for reading. Two sets that meet in an operation must have the
+/// same universe; that isn't checked. Whole-set operations cost one pass over the words.
 ///
 ///     OrderedSet<int> universe({7, 9});
 ///     BitSet<int> set(universe);
@@ -38,40 +35,34 @@ class BitSet {
 public:
     /// The empty set.
     explicit BitSet(const OrderedSet<T>& over)
-        : universe(&over), sizeAndPool(over.size() * 2), words(nullptr) {
-        words = newWords(wordCount());
+        : universe(&over), sizeAndOwner(over.size() * 2), words(newWords(wordCount())) {
         std::fill_n(words, wordCount(), 0);
     }
 
-    /// Grows `other`, and takes the universe's size of now.
-    BitSet(const BitSet& other) : BitSet(other, NOT_POOLED) {
-        words = newWords(wordCount());
-        copyWords(words, other.words, wordCount());
-    }
+    /// Grows `other`, and takes the universe's current size.
+    BitSet(const BitSet& other) : BitSet(other, newWords(other.grownWordCount()), OWNED) {}
 
-    /// As the copy, with the words in `from`, which must outlive this set.
-    BitSet(const BitSet& other, internal::WordPool& from) : BitSet(other, POOLED) {
-        words = from.allocate(wordCount());
-        copyWords(words, other.words, wordCount());
+    /// Leaves `other` an empty set over the same universe. Allocates nothing, unless `other` is the
+    /// value of a `Variable` or `Constant`: words of those stay with their system, and this set gets
+    /// words of its own.
+    BitSet(BitSet&& other)
+        : universe(other.universe), sizeAndOwner(other.bitCount() * 2), words(other.words) {
+        if (other.isBorrowed()) {
+            words = newWords(wordCount());
+            internal::copyWords(words, other.words, wordCount());
+        }
+        other.words = nullptr;
+        other.sizeAndOwner = 0;
     }
-
-    /// Leaves `other` an empty set over the same universe.
-    BitSet(BitSet&& other) noexcept
-        : universe(other.universe), sizeAndPool(std::exchange(other.sizeAndPool, 0)),
-          words(std::exchange(other.words, nullptr)) {}
 
     BitSet& operator=(const BitSet& other) {
-        if (this != &other) *this = BitSet(other);
+        if (this != &other) swapWith(BitSet(other));
         return *this;
     }
 
-    BitSet& operator=(BitSet&& other) noexcept {
-        if (this != &other) {
-            release();
-            universe = other.universe;
-            sizeAndPool = std::exchange(other.sizeAndPool, 0);
-            words = std::exchange(other.words, nullptr);
-        }
+    /// As the move construction.
+    BitSet& operator=(BitSet&& other) {
+        if (this != &other) swapWith(BitSet(std::move(other)));
         return *this;
     }
 
@@ -79,7 +70,7 @@ public:
 
     /// Makes `element` a member, after growing the set to its universe.
     ///
-    /// Cost: one hash look-up; linear in words when growth must reallocate. Throws
+    /// Cost: one hash lookup; linear in words when growth must reallocate. Throws
     /// std::invalid_argument("element not found") if the universe lacks `element`; members don't
     /// change, though the set may have grown.
     void add(const T& element) {
@@ -87,24 +78,17 @@ public:
         addIndex(universe->indexOf(element));
     }
 
-    /// Makes `element` no member. Costs and throws as `add` does.
+    /// Makes `element` absent. Costs and throws as `add` does.
     void remove(const T& element) {
         growToUniverse();
-        removeIndex(universe->indexOf(element));
+        const std::uint64_t index = universe->indexOf(element);
+        words[index / 64] &= ~bitOf(index);
     }
 
     /// Whether `element` is a member. Costs and throws as `add` does.
     bool contains(const T& element) const {
         growToUniverse();
-        return containsIndex(universe->indexOf(element));
-    }
-
-    // The same by index, with neither growth nor hash look-up nor check: for callers who keep the
-    // index and know that it is below `bitCount()`.
-    void addIndex(std::uint64_t index) { words[index / 64] |= bitOf(index); }
-    void removeIndex(std::uint64_t index) { words[index / 64] &= ~bitOf(index); }
-    bool containsIndex(std::uint64_t index) const {
-        return (words[index / 64] & bitOf(index)) != 0;
+        return hasIndex(universe->indexOf(element));
     }
 
     void clear() {
@@ -136,7 +120,7 @@ public:
         return getSmallestElementStartingFromIndex(word * 64);
     }
 
-    /// The member of lowest index at or behind `index`, by reference into the universe. Does not
+    /// The member of lowest index at or after `index`, by reference into the universe. Does not
     /// grow the set. Throws std::logic_error("getSmallestElementStartingFromIndex failed").
     const T& getSmallestElementStartingFromIndex(std::uint64_t index) const {
         const std::uint64_t found = findFrom(index);
@@ -145,7 +129,7 @@ public:
         return universe->elementAt(found);
     }
 
-    /// The lowest index of a member at or behind `index`, or `bitCount()` when there is none.
+    /// The lowest index of a member at or after `index`, or `bitCount()` when there is none.
     /// Neither grows nor throws.
     std::uint64_t findFrom(std::uint64_t index) const {
         if (index >= bitCount()) return bitCount();
@@ -173,7 +157,7 @@ public:
     /// Grows both sets.
     friend bool operator==(const BitSet& a, const BitSet& b) {
         growBoth(a, b);
-        return areEqual(a.words, b.words, a.wordCount());
+        return internal::areEqual(a.words, b.words, a.wordCount());
     }
     friend bool operator!=(const BitSet& a, const BitSet& b) { return !(a == b); }
 
@@ -181,7 +165,7 @@ public:
     bool isSubsetOf(const BitSet& other) const {
         growToUniverse();
         const std::uint64_t shared = std::min(wordCount(), other.wordCount());
-        return areContained(words, other.words, shared) &&
+        return internal::areContained(words, other.words, shared) &&
                std::all_of(words + shared, words + wordCount(),
                            [](std::uint64_t word) { return word == 0; });
     }
@@ -196,7 +180,7 @@ public:
     void assign(const BitSet& source) {
         if (source.wordCount() > wordCount()) replaceWords(newWords(source.wordCount()));
         setBitCount(source.bitCount());
-        copyWords(words, source.words, wordCount());
+        internal::copyWords(words, source.words, wordCount());
     }
 
     /// Copies of the members, inserted in ascending index order.
@@ -206,100 +190,66 @@ public:
         return members;
     }
 
-    /// Copies of the elements of the universe that are no members, in ascending index order.
+    /// Copies of the universe's other elements, inserted in ascending index order.
     std::unordered_set<T> toComplementElementSet() const {
         growToUniverse();
         std::unordered_set<T> others;
         for (std::uint64_t index = 0; index < bitCount(); ++index) {
-            if (!containsIndex(index)) others.insert(universe->elementAt(index));
+            if (!hasIndex(index)) others.insert(universe->elementAt(index));
         }
         return others;
     }
 
-    /// Brings the set to the universe's size; new elements are no members. Allocates only when the
-    /// universe has passed a word boundary. Every operation that needs it does it by itself.
+    /// Brings the set to the universe's size; new elements aren't members. Allocates only when the
+    /// universe has passed a word boundary. Operations that need it do it themselves.
     void growToUniverse() const {
         if (universe->size() > bitCount()) growTo(universe->size());
     }
 
-    /// How many bits are valid: the universe's size when the set was last used.
-    std::uint64_t bitCount() const { return sizeAndPool / 2; }
+    /// How many bits are valid: the universe's size when the set last grew.
+    std::uint64_t bitCount() const { return sizeAndOwner / 2; }
 
 private:
-    template <typename>
-    friend class internal::SweepTape;
+    friend struct internal::BitSetAccess; // the one way in for `internal/`
 
     static constexpr std::uint64_t ALL_ONES = ~std::uint64_t{0};
-    static constexpr std::uint64_t NOT_POOLED = 0;
-    static constexpr std::uint64_t POOLED = 1;
+    static constexpr std::uint64_t OWNED = 0;
+    static constexpr std::uint64_t BORROWED = 1;
 
     static std::uint64_t bitOf(std::uint64_t index) { return std::uint64_t{1} << (index % 64); }
     static std::uint64_t wordsFor(std::uint64_t count) { return (count + 63) / 64; }
+    static std::uint64_t* newWords(std::uint64_t count) {
+        return count == 0 ? nullptr : new std::uint64_t[count];
+    }
 
-    /// The begin of a copy: all but the words.
-    BitSet(const BitSet& other, std::uint64_t pooled) : universe(other.universe), words(nullptr) {
-        other.growToUniverse();
-        sizeAndPool = other.bitCount() * 2 | pooled;
+    /// A copy of `other`, which has grown, in the array `into`.
+    BitSet(const BitSet& other, std::uint64_t* into, std::uint64_t owner)
+        : universe(other.universe), sizeAndOwner(other.bitCount() * 2 | owner), words(into) {
+        internal::copyWords(words, other.words, wordCount());
     }
 
     std::uint64_t wordCount() const { return wordsFor(bitCount()); }
-    bool isPooled() const { return (sizeAndPool & POOLED) != 0; }
+    std::uint64_t grownWordCount() const {
+        growToUniverse();
+        return wordCount();
+    }
+    bool isBorrowed() const { return (sizeAndOwner & BORROWED) != 0; }
     void setBitCount(std::uint64_t count) const {
-        sizeAndPool = count * 2 | (sizeAndPool & POOLED);
+        sizeAndOwner = count * 2 | (sizeAndOwner & BORROWED);
     }
 
-    // The solver copies and compares a set for each equation of each sweep, and the sets of most
-    // programs take a word or a few: for these the calls of the library functions cost more than
-    // the work. Solving takes a quarter less time at 16 and at 256 variables.
+    void addIndex(std::uint64_t index) { words[index / 64] |= bitOf(index); }
+    bool hasIndex(std::uint64_t index) const { return (words[index / 64] & bitOf(index)) != 0; }
 
-    struct WordPair {
-        std::uint64_t words[2];
-    };
-
-    static void copyWords(std::uint64_t* target, const std::uint64_t* source, std::uint64_t count) {
-        if (count == 1) {
-            *target = *source;
-        } else if (count == 2 || count == 3 || count == 4) {
-            // Two pieces, which overlap where there are not four words.
-            WordPair first;
-            WordPair last;
-            std::memcpy(&first, source, sizeof first);
-            std::memcpy(&last, source + count - 2, sizeof last);
-            std::memcpy(target, &first, sizeof first);
-            std::memcpy(target + count - 2, &last, sizeof last);
-        } else {
-            std::copy_n(source, count, target);
-        }
-    }
-
-    static bool areEqual(const std::uint64_t* a, const std::uint64_t* b, std::uint64_t count) {
-        if (count == 1) return *a == *b;
-        if (count <= 8) {
-            std::uint64_t difference = 0;
-            for (std::uint64_t i = 0; i < count; ++i)
-                difference |= a[i] ^ b[i];
-            return difference == 0;
-        }
-        return std::memcmp(a, b, count * sizeof(std::uint64_t)) == 0;
-    }
-
-    static bool areContained(const std::uint64_t* words, const std::uint64_t* in,
-                             std::uint64_t count) {
-        if (count == 1) return (*words & ~*in) == 0;
-        return internal::runLoop<internal::SubsetLoop>(count, words, in);
-    }
-
-    /// The number of the first word with a member, or `wordCount()`.
+    /// The number of words if all are zero.
     std::uint64_t firstUsedWord() const {
-        std::uint64_t word = 0;
-        while (word != wordCount() && words[word] == 0)
-            ++word;
-        return word;
+        const auto isUsed = [](std::uint64_t word) { return word != 0; };
+        return static_cast<std::uint64_t>(std::find_if(words, words + wordCount(), isUsed) - words);
     }
 
     /// Sets that meet have one universe, so that one look at it answers for both.
     static void growBoth(const BitSet& a, const BitSet& b) {
-        const bool haveOneSize = (a.sizeAndPool ^ b.sizeAndPool) <= POOLED;
+        const bool haveOneSize = (a.sizeAndOwner ^ b.sizeAndOwner) <= BORROWED;
         if (haveOneSize && a.universe->size() == a.bitCount()) return;
         a.growToUniverse();
         b.growToUniverse();
@@ -321,32 +271,29 @@ private:
     template <typename Operation>
     void combineWith(const BitSet& other) {
         growBoth(*this, other);
-        const std::uint64_t count = wordCount();
-        if (count == 1) { // as in most programs, and then half the time of a call
-            Operation::apply(*words, *other.words);
-        } else {
-            internal::runLoop<internal::CombineInPlaceLoop<Operation>>(count, words, other.words);
-        }
+        internal::combineWords<Operation>(words, other.words, wordCount());
     }
 
-    static std::uint64_t* newWords(std::uint64_t count) {
-        return count == 0 ? nullptr : new std::uint64_t[count];
-    }
     void release() const {
-        if (!isPooled()) delete[] words;
+        if (!isBorrowed()) delete[] words;
     }
     void replaceWords(std::uint64_t* array) const {
         release();
         words = array;
-        sizeAndPool &= ~POOLED;
+        sizeAndOwner &= ~BORROWED;
+    }
+    void swapWith(BitSet&& other) noexcept {
+        std::swap(universe, other.universe);
+        std::swap(sizeAndOwner, other.sizeAndOwner);
+        std::swap(words, other.words);
     }
 
-    // Growth is no change of value, so it also happens under const.
+    // Growth doesn't change the value, so it also happens under const.
     const OrderedSet<T>* universe;
-    // Twice the number of valid bits, plus one if the words belong to a pool, not to this set.
-    // Deliberate: no bit-fields. A flag that is stored as a byte and read at once as a part of the
-    // size makes the processor wait: making the variables took four times as long.
-    mutable std::uint64_t sizeAndPool;
+    // Twice the number of valid bits, plus BORROWED if the words belong to somebody else.
+    // Deliberate: not a bit-field. A flag that is stored as a byte and read at once as part of the
+    // size stalls the processor, in each set that an analysis makes.
+    mutable std::uint64_t sizeAndOwner;
     mutable std::uint64_t* words;
 };
 

@@ -1,11 +1,8 @@
 #pragma once
 
-#include <zt_orvex/flow/BitSet.h>
 #include <zt_orvex/flow/OrderedSet.h>
+#include <zt_orvex/flow/internal/IndexGraph.h>
 
-#include <boost/container/small_vector.hpp>
-
-#include <algorithm>
 #include <cstdint>
 #include <memory>
 #include <utility>
@@ -20,7 +17,7 @@ public:
     virtual ~DfsCallback() = default;
     /// The traversal enters the node.
     virtual void preVisit(const T& node) = 0;
-    /// The traversal leaves the node: all that was unvisited and reachable from it has been left.
+    /// The traversal leaves the node: everything unvisited that was reachable from it has been left.
     virtual void postVisit(const T& node) = 0;
 
 protected:
@@ -40,17 +37,13 @@ protected:
 ///     *graph.inReversePostOrder();  // a, b, c
 template <typename T>
 class Digraph {
-    // Ascending, without duplicates. Two fit in place, which most nodes of a flow graph need at
-    // most.
-    using IndexSet = boost::container::small_vector<std::uint64_t, 2>;
-
 public:
     /// The successors of a node, in order of index. Lasts until the graph changes.
     class Successors {
     public:
         class Iterator {
         public:
-            const T& operator*() const { return graph->nodes.elementAt(*position); }
+            const T& operator*() const { return nodes->elementAt(*position); }
             Iterator& operator++() {
                 ++position;
                 return *this;
@@ -60,110 +53,72 @@ public:
 
         private:
             friend class Successors;
-            Iterator(const Digraph* in, const std::uint64_t* at) : graph(in), position(at) {}
+            Iterator(const OrderedSet<T>* of, const std::uint64_t* at) : nodes(of), position(at) {}
 
-            const Digraph* graph;
+            const OrderedSet<T>* nodes;
             const std::uint64_t* position;
         };
 
-        Iterator begin() const { return Iterator(graph, set->data()); }
-        Iterator end() const { return Iterator(graph, set->data() + set->size()); }
-        std::uint64_t size() const { return set->size(); }
+        Iterator begin() const { return Iterator(nodes, indices->data()); }
+        Iterator end() const { return Iterator(nodes, indices->data() + indices->size()); }
+        std::uint64_t size() const { return indices->size(); }
 
     private:
         friend class Digraph;
-        Successors(const Digraph* in, const IndexSet* of) : graph(in), set(of) {}
+        Successors(const OrderedSet<T>* of, const internal::IndexGraph::Successors* at)
+            : nodes(of), indices(at) {}
 
-        const Digraph* graph;
-        const IndexSet* set;
+        const OrderedSet<T>* nodes;
+        const internal::IndexGraph::Successors* indices;
     };
 
     /// Makes room for `count` nodes in one step.
     void reserve(std::uint64_t count) {
-        nodes.reserveElements(count);
-        successorSets.reserve(count);
+        nodes.reserve(count);
+        edges.reserve(count);
     }
 
-    /// The node's index. Nothing else happens if the graph has the node. One hash look-up.
+    /// The node's index. Nothing else happens if the graph has the node. One hash lookup. If it
+    /// throws, the graph is unchanged.
     std::uint64_t addNode(const T& node) {
+        edges.makeRoomForNode(); // so that nothing can fail once the node is there
         const std::uint64_t index = nodes.add(node);
-        if (index == successorSets.size()) successorSets.emplace_back();
+        if (index == edges.size()) edges.addNode();
         return index;
     }
 
-    /// As `addNode`, for a node that the caller knows to be new; that is not checked. No hash
-    /// look-up.
-    std::uint64_t addNewNode(const T& node) {
-        successorSets.emplace_back();
-        return nodes.appendNew(node);
-    }
-
-    /// Adds `from`, then `to`, then the edge. Two hash look-ups.
+    /// Adds `from`, then `to`, then the edge. Two hash lookups; constant beside them where edges of
+    /// a node are added in ascending order of their targets' indices, else linear in the node's
+    /// successors.
     void addEdge(const T& from, const T& to) {
         const std::uint64_t source = addNode(from);
-        addEdgeBetween(source, addNode(to));
-    }
-
-    /// The same for nodes whose indices the caller has kept; both must be indices of nodes.
-    void addEdgeBetween(std::uint64_t from, std::uint64_t to) {
-        IndexSet& set = successorSets[from];
-        if (set.empty() || set.back() < to) {
-            set.push_back(to);
-            return;
-        }
-        const auto place = std::lower_bound(set.begin(), set.end(), to);
-        if (*place != to) set.insert(place, to);
+        edges.addEdge(source, addNode(to));
     }
 
     std::uint64_t size() const { return nodes.size(); }
 
     /// Throws std::invalid_argument("element not found") if the graph lacks `node`.
     Successors successors(const T& node) const {
-        return Successors(this, &successorSets[nodes.indexOf(node)]);
+        return Successors(&nodes, &edges.successors(nodes.indexOf(node)));
     }
 
     /// Enters and leaves every node once. Roots are the unvisited nodes of lowest index; among the
     /// successors of a node the one of highest index is entered first. Linear in nodes and edges,
     /// on a stack of its own. An exception from the callback ends the traversal; the graph must not
     /// change meanwhile.
-    void traverseDepthFirst(DfsCallback<T>& callback) const;
+    void traverseDepthFirst(DfsCallback<T>& callback) const {
+        edges.traverseDepthFirst(
+            [&](std::uint64_t node) { callback.preVisit(nodes.elementAt(node)); },
+            [&](std::uint64_t node) { callback.postVisit(nodes.elementAt(node)); });
+    }
 
-    /// All nodes, the last to be left by the traversal first.
+    /// All nodes; the last that the traversal leaves comes first.
     std::shared_ptr<std::vector<T>> inReversePostOrder() const;
 
 private:
     OrderedSet<T> nodes;
-    std::vector<IndexSet> successorSets; // one for each node
+    internal::IndexGraph edges; // the same nodes, by index
 };
-
-template <typename T>
-void Digraph<T>::traverseDepthFirst(DfsCallback<T>& callback) const {
-    BitSet<T> unvisited(nodes);
-    unvisited.addAll();
-    BitSet<T> finished(nodes);
-    std::vector<std::uint64_t> stack;
-
-    // Nodes only ever leave `unvisited`, so the search for the next root goes on where it stood.
-    for (std::uint64_t root = unvisited.findFrom(0); root != nodes.size();
-         root = unvisited.findFrom(root)) {
-        stack.push_back(root);
-        while (!stack.empty()) {
-            const std::uint64_t top = stack.back();
-            if (unvisited.containsIndex(top)) {
-                unvisited.removeIndex(top);
-                callback.preVisit(nodes.elementAt(top));
-                for (const std::uint64_t successor : successorSets[top]) {
-                    if (unvisited.containsIndex(successor)) stack.push_back(successor);
-                }
-            } else {
-                stack.pop_back();
-                if (finished.containsIndex(top)) continue; // pushed twice, and left already
-                finished.addIndex(top);
-                callback.postVisit(nodes.elementAt(top));
-            }
-        }
-    }
-}
 
 template <typename T>
 std::shared_ptr<std::vector<T>> Digraph<T>::inReversePostOrder() const {

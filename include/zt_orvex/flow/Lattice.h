@@ -2,6 +2,13 @@
 
 namespace zt::orvex::flow {
 
+namespace internal {
+
+template <typename L>
+class TermEvaluator;
+
+} // namespace internal
+
 /// The algebra of an equation system's values. The solver and the terms touch a value only through
 /// it.
 ///
@@ -32,6 +39,13 @@ protected:
     Lattice() = default;
     Lattice(const Lattice&) = default;
     Lattice& operator=(const Lattice&) = default;
+};
+
+/// Names the class that sweeps over a system's equations with values of lattice `L`. By default it
+/// applies one term after the other.
+template <typename L>
+struct EvaluatorFor {
+    using Type = internal::TermEvaluator<L>;
 };
 
 } // namespace zt::orvex::flow

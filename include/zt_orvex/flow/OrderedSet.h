@@ -1,8 +1,6 @@
 #pragma once
 
-#include <zt_orvex/flow/ElementHash.h>
-
-#include <boost/unordered/unordered_flat_map.hpp>
+#include <zt_orvex/flow/internal/HashIndex.h>
 
 #include <cstdint>
 #include <initializer_list>
@@ -14,9 +12,11 @@ namespace zt::orvex::flow {
 /// A universe: a collection that numbers its elements densely, in order of first insertion.
 ///
 /// An element is never removed, and its index never changes. `BitSet`s over the set point to it, so
-/// it must outlive them, and must not be copied or moved away under them; it may grow meanwhile.
-/// References to elements last until the next `add`. Not synchronised: concurrent reading alone is
-/// safe.
+/// it must outlive them and must not be copied or moved away under them; it may grow meanwhile.
+/// References to elements last until the next `add`. Not synchronised: concurrent reads are safe,
+/// and nothing else is.
+///
+/// Handles and pointers are hashed by FNV-1a, other elements by `std::hash`.
 ///
 ///     OrderedSet<std::string> names({"a", "b", "a"});
 ///     names.size();         // 2
@@ -36,87 +36,61 @@ public:
             add(*begin);
     }
 
-    /// The element's index; a new element is appended and gets the next one. One hash look-up.
+    /// The element's index; a new element is appended and gets the next one. Hashes once. If it
+    /// throws, the set is unchanged.
     std::uint64_t add(const T& element) {
-        catchUp();
-        const auto [entry, isNew] = indices.try_emplace(element, elements.size());
-        if (isNew) append(element, entry);
-        return entry->second;
-    }
-
-    /// As `add`, for an element that the caller knows to be new; that is not checked. Nothing is
-    /// hashed here: the next look-up makes up for it, so do one before threads share the set.
-    std::uint64_t appendNew(const T& element) {
+        const std::uint64_t key = Index::keyOf(element);
+        const std::uint64_t known = find(key, element);
+        if (known != Index::NONE) return known;
+        index.reserve(size() + 1);
         elements.push_back(element);
-        return elements.size() - 1;
+        index.insert(key, size() - 1);
+        return size() - 1;
     }
 
-    /// One hash look-up.
+    /// One hash lookup.
     bool contains(const T& element) const {
-        catchUp();
-        return indices.find(element) != indices.end();
+        return find(Index::keyOf(element), element) != Index::NONE;
     }
 
-    /// One hash look-up. Throws std::invalid_argument("element not found") for an unknown element.
+    /// One hash lookup. Throws std::invalid_argument("element not found") for an unknown element.
     std::uint64_t indexOf(const T& element) const {
-        catchUp();
-        const auto entry = indices.find(element);
-        if (entry == indices.end()) throwNotFound();
-        return entry->second;
+        const std::uint64_t known = find(Index::keyOf(element), element);
+        if (known == Index::NONE) throwNotFound();
+        return known;
     }
 
-    /// The element's index, or `size()` for an unknown element. One hash look-up, and no exception.
+    /// The element's index, or `size()` for an unknown element. One hash lookup, and no exception.
     std::uint64_t indexOrSize(const T& element) const {
-        catchUp();
-        const auto entry = indices.find(element);
-        return entry == indices.end() ? size() : entry->second;
+        const std::uint64_t known = find(Index::keyOf(element), element);
+        return known == Index::NONE ? size() : known;
     }
 
     std::uint64_t size() const { return elements.size(); }
 
-    /// The index must be below `size()`; that is not checked.
-    const T& elementAt(std::uint64_t index) const { return elements[index]; }
+    /// The index must be below `size()`; that isn't checked.
+    const T& elementAt(std::uint64_t place) const { return elements[place]; }
 
     /// Makes room for `count` elements in all, in one step.
     void reserve(std::uint64_t count) {
-        indices.reserve(count);
+        index.reserve(count);
         elements.reserve(count);
     }
-
-    /// As `reserve`, but leaves the hash index: for sets that are only appended to.
-    void reserveElements(std::uint64_t count) { elements.reserve(count); }
 
     /// Iterates in order of index.
     const_iterator begin() const { return elements.begin(); }
     const_iterator end() const { return elements.end(); }
 
 private:
-    using Indices = boost::unordered_flat_map<T, std::uint64_t, ElementHash<T>>;
+    using Index = internal::HashIndex<T>;
 
-    // The index comes before the element, so that an element is hashed once; a failure to store the
-    // element takes the index back.
-    void append(const T& element, typename Indices::iterator entry) {
-        try {
-            elements.push_back(element);
-        } catch (...) {
-            indices.erase(entry);
-            throw;
-        }
-    }
-
-    void catchUp() const {
-        if (indices.size() != elements.size()) indexNewElements();
-    }
-    void indexNewElements() const {
-        indices.reserve(elements.size());
-        for (std::uint64_t index = indices.size(); index < elements.size(); ++index) {
-            indices.emplace(elements[index], index);
-        }
+    std::uint64_t find(std::uint64_t key, const T& element) const {
+        return index.find(key, [&](std::uint64_t place) { return elements[place] == element; });
     }
 
     [[noreturn]] static void throwNotFound() { throw std::invalid_argument("element not found"); }
 
-    mutable Indices indices; // lacks what `appendNew` has added since the last look-up
+    Index index;
     std::vector<T> elements;
 };
 

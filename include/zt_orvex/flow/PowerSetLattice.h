@@ -5,6 +5,13 @@
 
 namespace zt::orvex::flow {
 
+namespace internal {
+
+template <typename T>
+class BitSetEvaluator;
+
+} // namespace internal
+
 /// The subsets of a universe, ordered by inclusion:
 ///
 ///         {a, b}        join  is union
@@ -39,10 +46,13 @@ public:
     }
 
 private:
-    template <typename>
-    friend class internal::SweepTape;
-
     const OrderedSet<T>* universe;
+};
+
+/// Sets are evaluated by words.
+template <typename T>
+struct EvaluatorFor<PowerSetLattice<T>> {
+    using Type = internal::BitSetEvaluator<T>;
 };
 
 } // namespace zt::orvex::flow

@@ -1,32 +1,34 @@
 #pragma once
 
-#include <zt_orvex/flow/ElementHash.h>
+#include <zt_orvex/flow/internal/HashIndex.h>
 
 #include <boost/container/small_vector.hpp>
-#include <boost/unordered/unordered_flat_set.hpp>
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <utility>
 
 namespace zt::orvex::flow {
 
-/// A set of values that are cheap to copy, iterated in order of first insertion, whatever their
-/// addresses.
+/// A set of values that are cheap to copy, iterated in order of first insertion, regardless of
+/// their addresses.
 ///
 /// Up to four elements are kept in place and searched one by one, without allocation; a larger set
 /// adds a hash index.
 template <typename T>
 class SmallOrderedSet {
 public:
-    /// Does nothing when `element` is a member already.
+    /// Does nothing when `element` is a member already. If it throws, the set is unchanged.
     void insert(T element) {
         if (contains(element)) return;
+        if (elements.size() >= IN_PLACE) index.reserve(elements.size() + 1);
         elements.push_back(element);
         if (elements.size() == IN_PLACE + 1) {
-            index.insert(elements.begin(), elements.end());
+            for (std::size_t place = 0; place < elements.size(); ++place)
+                enter(place);
         } else if (elements.size() > IN_PLACE) {
-            index.insert(element);
+            enter(elements.size() - 1);
         }
     }
 
@@ -39,13 +41,17 @@ public:
     /// Adds all of `others`, and empties it. The smaller set goes into the larger, which then comes
     /// first in the order: merging many sets into one stays cheap however often it is done.
     void merge(SmallOrderedSet& others) {
+        if (&others == this) return;
         if (others.size() > size()) std::swap(*this, others);
         insertAll(others);
         others.clear();
     }
 
     bool contains(T element) const {
-        if (elements.size() > IN_PLACE) return index.find(element) != index.end();
+        if (elements.size() > IN_PLACE) {
+            const auto isAt = [&](std::uint64_t place) { return elements[place] == element; };
+            return index.find(Index::keyOf(element), isAt) != Index::NONE;
+        }
         return std::find(elements.begin(), elements.end(), element) != elements.end();
     }
 
@@ -61,10 +67,13 @@ public:
     auto end() const { return elements.end(); }
 
 private:
+    using Index = internal::HashIndex<T>;
     static constexpr std::size_t IN_PLACE = 4;
 
+    void enter(std::size_t place) { index.insert(Index::keyOf(elements[place]), place); }
+
     boost::container::small_vector<T, IN_PLACE> elements;
-    boost::unordered_flat_set<T, ElementHash<T>> index; // used only beyond IN_PLACE elements
+    Index index; // of the elements, used only beyond IN_PLACE of them
 };
 
 } // namespace zt::orvex::flow

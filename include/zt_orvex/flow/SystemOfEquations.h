@@ -1,7 +1,10 @@
 #pragma once
 
-#include <zt_orvex/flow/Factory.h>
-#include <zt_orvex/flow/SweepTape.h>
+#include <zt_orvex/flow/Lattice.h>
+#include <zt_orvex/flow/internal/BitSetEvaluator.h>
+#include <zt_orvex/flow/internal/Equation.h>
+#include <zt_orvex/flow/internal/Factory.h>
+#include <zt_orvex/flow/internal/TermEvaluator.h>
 
 #include <cstdint>
 #include <memory>
@@ -23,12 +26,12 @@ public:
     using Order = std::vector<internal::Equation<V>*>;
 
     /// Evaluates all equations in order, sweep after sweep, until a sweep changes nothing, and
-    /// gives the number of sweeps. An equation sees what earlier ones of the same sweep have
+    /// returns the number of sweeps. An equation sees what earlier ones of the same sweep have
     /// computed. The solution stays in the variables: read it with `value()`. May be called again,
     /// and starts over.
     ///
-    /// Cost: the sweeps times the terms; a steady sweep allocates nothing. An acyclic system takes
-    /// two sweeps at most.
+    /// Cost: the sweeps times the terms, and no allocation, unless sets have to grow or right-hand
+    /// sides have been extended. An acyclic system takes two sweeps at most.
     ///
     /// Throws std::logic_error("Maximum iterations exceeded in SystemOfEquations::solve") at the
     /// thousandth sweep; the variables then hold what it left.
@@ -37,14 +40,13 @@ public:
     /// Deliberate: a variable in its own right-hand side reads the half that is being written.
     /// Deliberate: a thousandth sweep fails even if it changes nothing.
     std::uint64_t solve() {
-        for (internal::Equation<V>* equation : *equationsInOrder) {
+        for (internal::Equation<V>* equation : *equationsInOrder)
             lattice.setToBottom(equation->variable->value());
-        }
-        const bool usesTape = tape.isUsableFor(*equationsInOrder);
+        evaluator.prepare();
         std::uint64_t sweeps = 0;
         bool changed = true;
         while (changed && sweeps < MAXIMUM_SWEEPS) {
-            changed = usesTape ? tape.sweep() : sweep();
+            changed = evaluator.sweep();
             ++sweeps;
         }
         if (sweeps == MAXIMUM_SWEEPS) {
@@ -56,8 +58,7 @@ public:
     /// Applies the terms to the variable, from first to last.
     void evaluateRightHandSide(Variable<V>& variable,
                                const internal::TermSequence<V>& rightHandSide) const {
-        for (const Term<V>* term : rightHandSide)
-            term->applyTo(variable, lattice);
+        internal::applyTerms(rightHandSide, variable, lattice);
     }
 
     /// The evaluation order.
@@ -70,26 +71,14 @@ private:
     SystemOfEquations(L& over, std::shared_ptr<internal::Factory<V>> owner,
                       std::shared_ptr<Order> order)
         : lattice(over), factory(std::move(owner)), equationsInOrder(std::move(order)),
-          tape(over, *equationsInOrder) {}
-
-    /// Whether the sweep changed a value.
-    bool sweep() {
-        bool changed = false;
-        for (internal::Equation<V>* equation : *equationsInOrder) {
-            Variable<V>& variable = *equation->variable;
-            variable.flip();
-            evaluateRightHandSide(variable, equation->rightHandSide);
-            if (variable.value() != variable.previousValue()) changed = true;
-        }
-        return changed;
-    }
+          evaluator(over, *equationsInOrder) {}
 
     static constexpr std::uint64_t MAXIMUM_SWEEPS = 1000;
 
     L& lattice;
     std::shared_ptr<internal::Factory<V>> factory;
     std::shared_ptr<Order> equationsInOrder;
-    internal::SweepTape<L> tape; // the same equations in the same order
+    typename EvaluatorFor<L>::Type evaluator;
 };
 
 } // namespace zt::orvex::flow

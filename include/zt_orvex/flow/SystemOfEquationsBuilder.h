@@ -1,25 +1,20 @@
 #pragma once
 
 #include <zt_orvex/ast/NodeView.h>
-#include <zt_orvex/flow/Digraph.h>
-#include <zt_orvex/flow/ElementHash.h>
-#include <zt_orvex/flow/Factory.h>
 #include <zt_orvex/flow/SystemOfEquations.h>
 #include <zt_orvex/flow/VariableFamily.h>
-
-#include <boost/unordered/unordered_flat_map.hpp>
+#include <zt_orvex/flow/internal/EquationTable.h>
+#include <zt_orvex/flow/internal/EvaluationOrder.h>
+#include <zt_orvex/flow/internal/Factory.h>
 
 #include <cstddef>
-#include <cstdint>
 #include <functional>
 #include <initializer_list>
-#include <limits>
 #include <memory>
 #include <new>
 #include <stdexcept>
 #include <string>
 #include <utility>
-#include <vector>
 
 namespace zt::orvex::flow {
 
@@ -54,30 +49,32 @@ public:
         static_cast<void>(describesNodes);
         return VariableFamily<V>(std::move(name), [this](NodeView) {
             static const std::string omitted = "<names omitted in non-asserted builds>";
-            return factory->createVariable(omitted, initialValue);
+            return createVariable(omitted);
         });
     }
 
+    // These throw std::bad_alloc where memory runs out, and nothing has changed then.
+
     /// A variable that begins at bottom. One without an equation keeps that value.
     Variable<V>* createVariable(const std::string& name) {
-        return factory->createVariable(name, initialValue);
+        return made(factory->createVariable(name, initialValue));
     }
 
     Constant<V>* createConstant(const V& value) {
         // Deliberate: this text, unlike that of the families, has no closing bracket.
         static const std::string omitted = "<names omitted in non-asserted builds";
-        return factory->createConstant(omitted, value);
+        return made(factory->createConstant(omitted, value));
     }
 
-    Join<V>* createJoin(Variable<V>* operand) { return factory->createJoin(operand); }
-    Meet<V>* createMeet(Variable<V>* operand) { return factory->createMeet(operand); }
-    Minus<V>* createMinus(Variable<V>* operand) { return factory->createMinus(operand); }
+    Join<V>* createJoin(Variable<V>* operand) { return made(factory->createJoin(operand)); }
+    Meet<V>* createMeet(Variable<V>* operand) { return made(factory->createMeet(operand)); }
+    Minus<V>* createMinus(Variable<V>* operand) { return made(factory->createMinus(operand)); }
 
     /// Makes room for `count` equations in one step.
-    void reserve(std::size_t count) { inOrderOfCreation.reserve(count); }
+    void reserve(std::size_t count) { equations.reserve(count); }
 
     /// Adds the equation `variable` = the terms, whose pointers are copied. The first term must be
-    /// a variable or a constant; that is not checked.
+    /// a variable or a constant; that isn't checked.
     ///
     /// Throws std::invalid_argument("Equation already exists for this variable"), else
     /// std::invalid_argument("The right-hand side of an equation cannot be empty"); nothing changes
@@ -89,11 +86,7 @@ public:
         if (begin == end) {
             throw std::invalid_argument("The right-hand side of an equation cannot be empty");
         }
-        Equation* const equation = factory->createEquation(variable, begin, end);
-        if (equation == nullptr) throw std::bad_alloc(); // the pool got no block
-        equation->number = static_cast<std::uint32_t>(inOrderOfCreation.size());
-        inOrderOfCreation.push_back(equation);
-        variable->equationNumber = equation->number;
+        equations.add(made(factory->createEquation(variable, begin, end)));
     }
     void addEquation(Variable<V>* variable, std::initializer_list<Term<V>*> terms) {
         addEquation(variable, terms.begin(), terms.end());
@@ -102,7 +95,7 @@ public:
     /// Appends the terms, in order; none is allowed. Throws
     /// std::invalid_argument("Equation does not exist for this variable").
     void extendEquation(Variable<V>* variable, Term<V>* const* begin, Term<V>* const* end) {
-        internal::Equation<V>* const equation = findEquation(variable);
+        internal::Equation<V>* const equation = equations.find(variable);
         if (equation == nullptr) {
             throw std::invalid_argument("Equation does not exist for this variable");
         }
@@ -113,85 +106,35 @@ public:
     }
 
     bool hasEquation(const Variable<V>* variable) const {
-        return findEquation(variable) != nullptr;
+        return equations.find(variable) != nullptr;
     }
 
     /// The variable's equation, or null.
     const internal::Equation<V>* equationOf(const Variable<V>* variable) const {
-        return findEquation(variable);
+        return equations.find(variable);
     }
 
     /// Fixes the evaluation order: the reverse post-order of the graph whose edges run from the
-    /// equation that defines a variable to those that read it. Equations that are added later are
-    /// not in the system. Linear in equations and terms.
+    /// equation that defines a variable to those that read it. Equations that are added later aren't
+    /// in the system. Linear in equations and terms.
     std::shared_ptr<SystemOfEquations<L>> build() {
-        return std::shared_ptr<SystemOfEquations<L>>(
-            new SystemOfEquations<L>(lattice, factory, evaluationOrder()));
+        return std::shared_ptr<SystemOfEquations<L>>(new SystemOfEquations<L>(
+            lattice, factory, internal::EvaluationOrder<V>(equations).inReversePostOrder()));
     }
 
 private:
-    using Equation = internal::Equation<V>;
-
-    /// The number that the variable carries answers without hashing: nobody has numbered it, or it
-    /// was numbered here. Only a variable of another builder's equation takes the hash look-up.
-    Equation* findEquation(const Variable<V>* variable) const {
-        const std::uint32_t number = variable->equationNumber;
-        if (number == Variable<V>::NO_EQUATION) return nullptr;
-        if (number < inOrderOfCreation.size() && inOrderOfCreation[number]->variable == variable) {
-            return inOrderOfCreation[number];
-        }
-        return lookUpEquation(variable);
+    /// What the factory has made; it returns null where its pool got no block.
+    template <typename Made>
+    static Made* made(Made* object) {
+        if (object == nullptr) throw std::bad_alloc();
+        return object;
     }
-
-    /// Brings the map up to date first. It lags behind because hardly anybody asks it: filling it
-    /// at each equation would take a tenth of the time of an analysis.
-    Equation* lookUpEquation(const Variable<V>* variable) const {
-        equations.reserve(inOrderOfCreation.size());
-        while (equations.size() != inOrderOfCreation.size()) {
-            Equation* const equation = inOrderOfCreation[equations.size()];
-            equations.emplace(equation->variable, equation);
-        }
-        const auto entry = equations.find(const_cast<Variable<V>*>(variable));
-        return entry == equations.end() ? nullptr : entry->second;
-    }
-
-    /// Newest equations join the graph first. Any order gives the same solution, but sweeps depend
-    /// on it: where a program has many loops in a row, a backward analysis that enters its
-    /// equations in source order would carry a value across only one of them in a sweep. The order
-    /// of creation is also the same in every run, which that of a hash map of pointers is not.
-    std::shared_ptr<std::vector<Equation*>> evaluationOrder() const {
-        Digraph<Equation*> graph;
-        graph.reserve(inOrderOfCreation.size());
-        // Equations have dense numbers, so that none needs to be hashed to find its node.
-        std::vector<std::uint32_t> nodeOfNumber(inOrderOfCreation.size(), NO_NODE);
-        const auto nodeOf = [&](Equation* equation) {
-            std::uint32_t& node = nodeOfNumber[equation->number];
-            if (node == NO_NODE) node = static_cast<std::uint32_t>(graph.addNewNode(equation));
-            return node;
-        };
-        DependencySet<V> read;
-        for (auto next = inOrderOfCreation.rbegin(); next != inOrderOfCreation.rend(); ++next) {
-            const std::uint32_t reader = nodeOf(*next);
-            read.clear();
-            for (Term<V>* term : (*next)->rightHandSide)
-                term->collectDependencies(read);
-            for (Variable<V>* variable : read) {
-                Equation* const definition = findEquation(variable);
-                if (definition != nullptr) graph.addEdgeBetween(nodeOf(definition), reader);
-            }
-        }
-        return graph.inReversePostOrder();
-    }
-
-    static constexpr std::uint32_t NO_NODE = std::numeric_limits<std::uint32_t>::max();
 
     L& lattice;
     std::shared_ptr<internal::Factory<V>> factory;
-    // Lacks the equations that were added since it was last asked.
-    mutable boost::unordered_flat_map<Variable<V>*, Equation*, ElementHash<Variable<V>*>> equations;
+    internal::EquationTable<V> equations;
     const NodeNamer* nodeNamer;
-    V initialValue;                           // bottom, made once: a family copies it for each node
-    std::vector<Equation*> inOrderOfCreation; // all equations
+    V initialValue; // bottom, made once: each variable copies it
 };
 
 } // namespace zt::orvex::flow

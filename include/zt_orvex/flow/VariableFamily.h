@@ -1,12 +1,11 @@
 #pragma once
 
 #include <zt_orvex/ast/NodeView.h>
-#include <zt_orvex/flow/ElementHash.h>
 #include <zt_orvex/flow/Terms.h>
-
-#include <boost/unordered/unordered_flat_map.hpp>
+#include <zt_orvex/flow/internal/HashIndex.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <utility>
@@ -24,51 +23,32 @@ public:
     VariableFamily(std::string named, Creator makes)
         : name(std::move(named)), creator(std::move(makes)) {}
 
-    /// The node's variable: always the same one. One hash look-up.
+    /// The node's variable: always the same one. One hash lookup. If it throws, the family is
+    /// unchanged.
     Variable<V>* at(const NodeView& node) {
-        catchUp();
-        const auto [entry, isNew] = cache.try_emplace(node, nullptr);
-        if (isNew) entry->second = create(node, entry);
-        return entry->second;
-    }
-
-    /// As `at`, for a node that the caller knows to be new; that is not checked. Nothing is hashed
-    /// here: the next `at` makes up for it.
-    Variable<V>* atNew(const NodeView& node) {
-        Variable<V>* const created = creator(node);
-        notCached.emplace_back(node, created);
-        return created;
+        const std::uint64_t key = Index::keyOf(node);
+        const auto isAt = [&](std::uint64_t place) { return members[place].first == node; };
+        const std::uint64_t known = cache.find(key, isAt);
+        if (known != Index::NONE) return members[known].second;
+        cache.reserve(members.size() + 1);
+        members.emplace_back(node, creator(node));
+        cache.insert(key, members.size() - 1);
+        return members.back().second;
     }
 
     /// Makes room for `count` nodes in one step.
-    void reserve(std::size_t count) { cache.reserve(count); }
-    /// As `reserve`, for nodes that `atNew` adds.
-    void reserveNew(std::size_t count) { notCached.reserve(count); }
+    void reserve(std::size_t count) {
+        cache.reserve(count);
+        members.reserve(count);
+    }
 
 private:
-    using Cache = boost::unordered_flat_map<NodeView, Variable<V>*, ElementHash<NodeView>>;
-
-    Variable<V>* create(const NodeView& node, typename Cache::iterator entry) {
-        try {
-            return creator(node);
-        } catch (...) {
-            cache.erase(entry);
-            throw;
-        }
-    }
-
-    void catchUp() {
-        if (notCached.empty()) return;
-        cache.reserve(cache.size() + notCached.size());
-        for (const auto& [node, variable] : notCached)
-            cache.emplace(node, variable);
-        notCached.clear();
-    }
+    using Index = internal::HashIndex<NodeView>;
 
     std::string name;
     Creator creator;
-    Cache cache;
-    std::vector<std::pair<NodeView, Variable<V>*>> notCached; // what `atNew` has added since `at`
+    Index cache; // of the members, by node
+    std::vector<std::pair<NodeView, Variable<V>*>> members;
 };
 
 } // namespace zt::orvex::flow

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <zt_orvex/flow/PooledSequence.h>
 #include <zt_orvex/flow/Terms.h>
+#include <zt_orvex/flow/internal/PooledSequence.h>
 
 #include <cstdint>
 
@@ -29,5 +29,12 @@ public:
     TermSequence<V> rightHandSide;
     std::uint32_t number = 0; ///< Its place in its builder's order of creation.
 };
+
+/// Applies the terms to the variable, from first to last.
+template <typename V>
+void applyTerms(const TermSequence<V>& terms, Variable<V>& variable, const Lattice<V>& lattice) {
+    for (const Term<V>* term : terms)
+        term->applyTo(variable, lattice);
+}
 
 } // namespace zt::orvex::flow::internal

@@ -1,4 +1,4 @@
-#include <zt_orvex/flow/SharedNames.h>
+#include <zt_orvex/flow/internal/SharedNames.h>
 
 #include <gtest/gtest.h>
 

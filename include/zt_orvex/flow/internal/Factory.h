@@ -1,21 +1,23 @@
 #pragma once
 
-#include <zt_orvex/flow/Equation.h>
-#include <zt_orvex/flow/SharedNames.h>
 #include <zt_orvex/flow/Terms.h>
-#include <zt_orvex/flow/WordPool.h>
+#include <zt_orvex/flow/internal/Equation.h>
+#include <zt_orvex/flow/internal/SharedNames.h>
+#include <zt_orvex/flow/internal/SystemStorage.h>
 
 #include <boost/pool/object_pool.hpp>
 
+#include <cstddef>
+#include <memory_resource>
 #include <string>
 
 namespace zt::orvex::flow::internal {
 
 /// Makes and owns all terms and equations of a system, in one pool for each type.
 ///
-/// Nothing is freed singly: all goes when the factory goes, equations first and variables last. A
-/// creating operation gives a null pointer if its pool can't get a block. Names are copied, equal
-/// ones once. Belongs to one thread at a time.
+/// Nothing is freed singly: everything goes when the factory goes, equations first and variables
+/// last. A creating operation returns a null pointer if its pool can't get a block. Names are
+/// copied, equal ones once. Belongs to one thread at a time.
 template <typename V>
 class Factory {
 public:
@@ -25,10 +27,10 @@ public:
 
     /// Both halves are copies of `initial`.
     Variable<V>* createVariable(const std::string& name, const V& initial) {
-        return variables.construct(names.keep(name), initial, words);
+        return variables.construct(names.keep(name), initial, SystemStorage(memory));
     }
     Constant<V>* createConstant(const std::string& name, const V& value) {
-        return constants.construct(names.keep(name), value, words);
+        return constants.construct(names.keep(name), value, SystemStorage(memory));
     }
     Join<V>* createJoin(Variable<V>* operand) { return joins.construct(operand); }
     Meet<V>* createMeet(Variable<V>* operand) { return meets.construct(operand); }
@@ -43,15 +45,16 @@ public:
 
     /// Appends copies of the pointers to the right-hand side.
     void extend(Equation<V>& equation, Term<V>* const* begin, Term<V>* const* end) {
-        equation.rightHandSide.append(begin, end, words);
+        equation.rightHandSide.append(begin, end, memory);
     }
 
 private:
     // Objects in a pool's first block; blocks double as it grows, with no upper limit.
     static constexpr int FIRST_BLOCK = 32;
     static constexpr int NO_LIMIT = 0;
+    static constexpr std::size_t FIRST_BYTES = 2048;
 
-    WordPool words; // outlives the values in the pools below
+    std::pmr::monotonic_buffer_resource memory{FIRST_BYTES}; // outlives the pools' objects
     SharedNames names;
     boost::object_pool<Variable<V>> variables{FIRST_BLOCK, NO_LIMIT};
     boost::object_pool<Constant<V>> constants{FIRST_BLOCK, NO_LIMIT};

@@ -8,8 +8,8 @@ namespace zt::orvex::flow::internal {
 
 /// Keeps one copy of each text that it is given.
 ///
-/// Nearly all variables of a system have one name, and nearly all constants another. With a string
-/// of its own for each of them, a whole analysis takes a third longer.
+/// Nearly all variables of a system share one name, and nearly all constants another. A string for
+/// each of them would make the allocator the largest part of an analysis.
 class SharedNames {
 public:
     SharedNames() = default;
@@ -17,7 +17,7 @@ public:
     SharedNames& operator=(const SharedNames&) = delete;
 
     /// A copy of `name` that lasts as long as this object, the same one for equal texts. Cost: a
-    /// comparison or two for the two texts used last, else a hash look-up.
+    /// comparison or two for the two texts used last, else a hash lookup.
     const std::string& keep(const std::string& name) {
         for (const std::string* known : recent) {
             if (known != nullptr && *known == name) return *known;

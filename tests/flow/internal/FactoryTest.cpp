@@ -1,4 +1,4 @@
-#include <zt_orvex/flow/Factory.h>
+#include <zt_orvex/flow/internal/Factory.h>
 
 #include "flow/ExpectThrows.h"
 #include "flow/TestElements.h"
@@ -42,11 +42,11 @@ TEST(Factory, FlippingSelectsTheOtherHalf) {
     Factory<Set> factory;
     Variable<Set>* const variable = factory.createVariable("v", Set(universe));
     Set* const first = &variable->value();
-    variable->flip();
+    VariableAccess::flip(*variable);
     EXPECT_EQ(variable->currentHalf(), 1);
     EXPECT_NE(&variable->value(), first);
     EXPECT_EQ(&variable->previousValue(), first);
-    variable->flip();
+    VariableAccess::flip(*variable);
     EXPECT_EQ(variable->currentHalf(), 0);
     EXPECT_EQ(&variable->value(), first);
 }
