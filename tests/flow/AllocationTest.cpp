@@ -166,7 +166,7 @@ TEST(Allocation, SolvingAllocatesNothingHoweverManySweeps) {
             }
         }
         IntVariable* const rest = builder.createVariable("");
-        builder.addEquation(rest, {links.back(), builder.createMinus(links.front())});
+        builder.addEquation(rest, {links.front(), builder.createMinus(links.front())});
         const auto system = builder.build();
         std::uint64_t sweeps = 0;
         EXPECT_EQ(allocationsOf([&] { sweeps = system->solve(); }), 0u);

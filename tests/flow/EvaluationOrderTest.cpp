@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <set>
 #include <string>
@@ -31,7 +32,7 @@ protected:
     }
 };
 
-TEST_F(EvaluationOrder, EquationStandsBehindAllThatItReads) {
+TEST_F(EvaluationOrder, EquationComesAfterAllThatItReads) {
     IntVariable* const a = variable("a");
     IntVariable* const b = variable("b");
     IntVariable* const c = variable("c");
@@ -46,17 +47,54 @@ TEST_F(EvaluationOrder, EquationStandsBehindAllThatItReads) {
 TEST_F(EvaluationOrder, IndependentEquationsComeInOrderOfCreation) {
     for (const char* name : {"a", "b", "c"})
         add(variable(name), {constant({1})});
-    EXPECT_EQ(order(), "abc") << "they join the graph in reverse, and roots come out in reverse";
+    EXPECT_EQ(order(), "abc");
 }
 
-TEST_F(EvaluationOrder, CycleBeginsWithItsEquationCreatedLast) {
+TEST_F(EvaluationOrder, CycleIsEnteredByItsOldestEquation) {
     IntVariable* const a = variable("a");
     IntVariable* const b = variable("b");
     IntVariable* const c = variable("c");
     add(a, {c});
     add(b, {a});
     add(c, {b});
-    EXPECT_EQ(order(), "cab");
+    EXPECT_EQ(order(), "bca");
+}
+
+// The equations of a backward analysis of s; while h, if i, b: break, end, m, end, y. They are
+// created as a walk over the program would.
+TEST_F(EvaluationOrder, LoopRunsAgainstTheOrderOnItsBackEdgeAlone) {
+    std::map<std::string, IntVariable*> at;
+    for (const char* name : {"s", "h", "i", "b", "m", "y"})
+        at[name] = variable(name);
+    add(at["s"], {at["h"]});
+    add(at["h"], {at["i"], join(at["y"])});
+    add(at["i"], {at["b"], join(at["m"])});
+    add(at["m"], {at["h"]});
+    add(at["b"], {at["y"]});
+    add(at["y"], {constant({1})});
+    EXPECT_EQ(order(), "ybmihs") << "m alone comes before what it reads";
+}
+
+TEST_F(EvaluationOrder, EquationThatNoOtherReadsIsWhereTheSearchBegins) {
+    IntVariable* const a = variable("a");
+    IntVariable* const b = variable("b");
+    IntVariable* const end = variable("e");
+    add(a, {b});
+    add(b, {a});
+    add(end, {b});
+    EXPECT_EQ(order(), "abe") << "so b is entered first, though a is older";
+}
+
+TEST_F(EvaluationOrder, ConstantEquationsComeFirst) {
+    IntVariable* const a = variable("a");
+    IntVariable* const b = variable("b");
+    IntVariable* const c = variable("c");
+    IntVariable* const d = variable("d");
+    add(a, {b});
+    add(b, {c});
+    add(c, {constant({1})});
+    add(d, {constant({1}), minus(variable("without an equation"))});
+    EXPECT_EQ(order(), "cdba");
 }
 
 TEST_F(EvaluationOrder, SelfReferenceDoesNotMoveAnEquation) {

@@ -57,39 +57,51 @@ struct PlainSystem {
 
     /// The numbers of the equations' variables in the order in which they are to be evaluated.
     ///
-    /// Equations join the graph from the last created to the first, each followed by those that it
-    /// reads, in order of its terms. Of the successors of a node the one numbered last is searched
-    /// first.
+    /// Equations that read no other come first, as they were created. The others are numbered: first
+    /// those that no other of them reads, then the rest, each as they were created. The order is the
+    /// post-order of a search from reader to read that begins with the lowest number and enters the
+    /// highest first.
     std::vector<int> evaluationOrder() const {
-        constexpr std::size_t NONE = ~std::size_t{0};
-        std::vector<std::size_t> definition(variables.size(), NONE);
-        for (std::size_t i = 0; i < equations.size(); ++i)
-            definition[at(equations[i].variable)] = i;
-
-        std::vector<std::size_t> numberOf(equations.size(), NONE);
-        std::vector<std::size_t> equationAt;
-        std::vector<std::set<std::size_t>> readers(equations.size()); // by number
-        const auto numbered = [&](std::size_t equation) {
-            if (numberOf[equation] == NONE) {
-                numberOf[equation] = equationAt.size();
-                equationAt.push_back(equation);
+        const std::size_t count = equations.size();
+        const auto reads = [this](std::size_t reader, std::size_t read) {
+            for (const Term& term : equations[reader].terms) {
+                if (term.kind != Kind::Constant && term.operand == equations[read].variable) {
+                    return true;
+                }
             }
-            return numberOf[equation];
+            return false;
         };
-        for (std::size_t i = equations.size(); i-- > 0;) {
-            numbered(i);
-            for (const Term& term : equations[i].terms) {
-                if (term.kind == Kind::Constant || definition[at(term.operand)] == NONE) continue;
-                readers[numbered(definition[at(term.operand)])].insert(numberOf[i]);
+        std::vector<int> order;
+        std::vector<std::size_t> others;
+        for (std::size_t i = 0; i < count; ++i) {
+            bool readsAny = false;
+            for (std::size_t j = 0; j < count; ++j)
+                readsAny = readsAny || reads(i, j);
+            if (readsAny) {
+                others.push_back(i);
+            } else {
+                order.push_back(equations[i].variable);
             }
         }
-
-        std::vector<bool> visited(equations.size());
-        std::vector<int> postOrder;
-        for (std::size_t root = 0; root < equationAt.size(); ++root) {
-            search(root, readers, equationAt, visited, postOrder);
+        std::vector<std::size_t> equationAt;
+        for (const bool wanted : {false, true}) {
+            for (const std::size_t i : others) {
+                bool isRead = false;
+                for (const std::size_t j : others)
+                    isRead = isRead || reads(j, i);
+                if (isRead == wanted) equationAt.push_back(i);
+            }
         }
-        return {postOrder.rbegin(), postOrder.rend()};
+        std::vector<std::set<std::size_t>> definitions(equationAt.size()); // by number
+        for (std::size_t reader = 0; reader < equationAt.size(); ++reader) {
+            for (std::size_t read = 0; read < equationAt.size(); ++read) {
+                if (reads(equationAt[reader], equationAt[read])) definitions[reader].insert(read);
+            }
+        }
+        std::vector<bool> visited(equationAt.size());
+        for (std::size_t root = 0; root < equationAt.size(); ++root)
+            search(root, definitions, equationAt, visited, order);
+        return order;
     }
 
     /// The number of sweeps, or 0 where the thousandth is reached.
@@ -112,13 +124,13 @@ struct PlainSystem {
 private:
     static std::size_t at(int number) { return static_cast<std::size_t>(number); }
 
-    void search(std::size_t node, const std::vector<std::set<std::size_t>>& readers,
+    void search(std::size_t node, const std::vector<std::set<std::size_t>>& definitions,
                 const std::vector<std::size_t>& equationAt, std::vector<bool>& visited,
                 std::vector<int>& postOrder) const {
         if (visited[node]) return;
         visited[node] = true;
-        for (auto next = readers[node].rbegin(); next != readers[node].rend(); ++next) {
-            search(*next, readers, equationAt, visited, postOrder);
+        for (auto next = definitions[node].rbegin(); next != definitions[node].rend(); ++next) {
+            search(*next, definitions, equationAt, visited, postOrder);
         }
         postOrder.push_back(equations[equationAt[node]].variable);
     }

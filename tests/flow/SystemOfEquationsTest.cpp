@@ -241,7 +241,7 @@ TEST_F(Solver, OscillationEndsAtTheThousandthSweep) {
     add(x, {constant({1}), minus(y)});
     add(y, {x});
     const auto system = builder.build();
-    ASSERT_EQ(system->equations()[0]->variable, y) << "created last, evaluated first";
+    ASSERT_EQ(system->equations()[0]->variable, y);
     expectThrows<std::logic_error>([&] { system->solve(); }, LIMIT);
     // Sweep by sweep y is {}, {1}, {}, {1} and so on, and x the opposite.
     EXPECT_EQ(valueOf(y), Indices({1}));
@@ -344,9 +344,9 @@ TEST_F(Solver, UniverseMayGrowBetweenBuildAndSolve) {
     }
 }
 
-/// v(0) reads a constant and v(1); each other link reads its two neighbours. The last is created
-/// last, so the search starts from it and the order runs against the way that the constant takes:
-/// it climbs one link in a sweep.
+/// v(0) reads a constant and v(1); each other link reads its two neighbours. The search starts from
+/// the first, so the order runs against the way that the constant takes: it climbs one link in a
+/// sweep.
 std::vector<IntVariable*> addClimb(IntBuilder& builder, const IntSet& constant,
                                    std::size_t length) {
     std::vector<IntVariable*> links;

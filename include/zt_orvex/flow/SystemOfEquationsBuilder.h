@@ -114,12 +114,13 @@ public:
         return equations.find(variable);
     }
 
-    /// Fixes the evaluation order: the reverse post-order of the graph whose edges run from the
-    /// equation that defines a variable to those that read it. Equations that are added later aren't
-    /// in the system. Linear in equations and terms.
+    /// Fixes the evaluation order: wherever there is no cycle, an equation comes after those that it
+    /// reads. Equations that are added later aren't in the system. Linear in equations and terms.
     std::shared_ptr<SystemOfEquations<L>> build() {
+        using Order = typename SystemOfEquations<L>::Order;
         return std::shared_ptr<SystemOfEquations<L>>(new SystemOfEquations<L>(
-            lattice, factory, internal::EvaluationOrder<V>(equations).inReversePostOrder()));
+            lattice, factory,
+            std::make_shared<Order>(internal::EvaluationOrder<V>(equations).compute())));
     }
 
 private:

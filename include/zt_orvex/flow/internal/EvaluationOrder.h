@@ -4,68 +4,103 @@
 #include <zt_orvex/flow/internal/EquationTable.h>
 #include <zt_orvex/flow/internal/IndexGraph.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace zt::orvex::flow::internal {
 
-/// The reverse post-order of the graph whose edges run from the equation that defines a variable to
-/// those that read it. Linear in equations and terms.
+/// The order in which equations are evaluated: constant ones first, which read no other, then each
+/// as a depth-first search along what equations read leaves it. Wherever there is no cycle, an
+/// equation thus comes after those that it reads. Linear in equations and terms.
 ///
-/// The newest equations join the graph first. Any order gives the same solution, but sweeps depend
-/// on it: where a program has many loops in a row, a backward analysis that enters its equations in
-/// source order would carry a value across only one of them in a sweep. The order of creation is
-/// also the same in every run, unlike that of a hash map of pointers.
+/// Any order gives the same solution, but the number of sweeps depends on where the search enters
+/// the cycles. It begins with equations that no other reads, oldest first: where an analysis ends,
+/// which is the entry of a program if the analysis runs backward. From there, a loop can only be
+/// entered by its head, however control leaves it. So values run against the order on the back edges
+/// of loops alone: loops in a row add no sweep, and nested ones add one for each level.
+///
+/// The order of creation is the same in every run, unlike that of pointers in a hash map.
 template <typename V>
 class EvaluationOrder {
 public:
     explicit EvaluationOrder(const EquationTable<V>& of)
-        : equations(of), nodeOfNumber(of.size(), NO_NODE) {
-        graph.reserve(equations.size());
-        equationOfNode.reserve(equations.size());
-        for (std::size_t number = equations.size(); number-- > 0;)
-            addReader(equations[number]);
+        : equations(of), readsOthers(of.size()), nodeOfEquation(of.size()) {
+        findEdges();
+        numberNodes();
+        for (const Edge& edge : edges)
+            graph.addEdge(nodeOfEquation[edge.reader], nodeOfEquation[edge.definition]);
     }
 
-    std::shared_ptr<std::vector<Equation<V>*>> inReversePostOrder() const {
-        auto order = std::make_shared<std::vector<Equation<V>*>>(equationOfNode.size());
-        auto cursor = order->end();
-        graph.traverseDepthFirst([](std::uint64_t) {},
-                                 [&](std::uint64_t node) { *--cursor = equationOfNode[node]; });
+    std::vector<Equation<V>*> compute() const {
+        std::vector<Equation<V>*> order;
+        order.reserve(equations.size());
+        for (Number number = 0; number < equations.size(); ++number) {
+            if (!readsOthers[number]) order.push_back(equations[number]);
+        }
+        graph.traverseDepthFirst(
+            [](std::uint64_t) {},
+            [&](std::uint64_t node) { order.push_back(equations[equationOfNode[node]]); });
         return order;
     }
 
 private:
-    static constexpr std::uint32_t NO_NODE = ~std::uint32_t{0};
+    using Number = std::uint32_t; // of an equation, in order of creation
 
-    void addReader(Equation<V>* equation) {
-        const std::uint32_t reader = nodeOf(equation);
-        read.clear();
-        for (Term<V>* term : equation->rightHandSide)
-            term->collectDependencies(read);
-        for (const Variable<V>* variable : read) {
-            Equation<V>* const definition = equations.find(variable);
-            if (definition != nullptr) graph.addEdge(nodeOf(definition), reader);
+    struct Edge {
+        Number reader;
+        Number definition;
+    };
+
+    /// All edges but those to constant equations, which take no part in the search.
+    void findEdges() {
+        edges.reserve(2 * equations.size());
+        DependencySet<V> read;
+        for (Number reader = 0; reader < equations.size(); ++reader) {
+            read.clear();
+            for (Term<V>* term : equations[reader]->rightHandSide)
+                term->collectDependencies(read);
+            for (const Variable<V>* variable : read) {
+                const Equation<V>* const definition = equations.find(variable);
+                if (definition == nullptr) continue;
+                edges.push_back({reader, definition->number});
+                readsOthers[reader] = true;
+            }
+        }
+        const auto leadsToConstant = [this](const Edge& edge) {
+            return !readsOthers[edge.definition];
+        };
+        edges.erase(std::remove_if(edges.begin(), edges.end(), leadsToConstant), edges.end());
+    }
+
+    /// Roots of the search have the lowest numbers.
+    void numberNodes() {
+        std::vector<bool> isRead(equations.size());
+        for (const Edge& edge : edges)
+            isRead[edge.definition] = true;
+        graph.reserve(equations.size());
+        equationOfNode.reserve(equations.size());
+        for (const bool read : {false, true}) {
+            for (Number number = 0; number < equations.size(); ++number) {
+                if (readsOthers[number] && isRead[number] == read) addNode(number);
+            }
         }
     }
 
-    /// Equations have dense numbers, so that none needs to be hashed to find its node.
-    std::uint32_t nodeOf(Equation<V>* equation) {
-        std::uint32_t& node = nodeOfNumber[equation->number];
-        if (node == NO_NODE) {
-            node = static_cast<std::uint32_t>(graph.addNode());
-            equationOfNode.push_back(equation);
-        }
-        return node;
+    void addNode(Number number) {
+        nodeOfEquation[number] = static_cast<Number>(graph.addNode());
+        equationOfNode.push_back(number);
     }
 
     const EquationTable<V>& equations;
+    std::vector<bool> readsOthers; // by equation
+    std::vector<Edge> edges;
     IndexGraph graph;
-    std::vector<std::uint32_t> nodeOfNumber;
-    std::vector<Equation<V>*> equationOfNode;
-    DependencySet<V> read; // by the equation in hand
+    std::vector<Number> nodeOfEquation;
+    std::vector<Number> equationOfNode;
 };
 
 } // namespace zt::orvex::flow::internal
