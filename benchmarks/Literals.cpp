@@ -137,7 +137,7 @@ double numberOf(const IntegerLiteralValue& value) {
 
 template <typename Character>
 void parseIntegersOurs(benchmark::State& state, LiteralKind kind) {
-    const auto texts = widened<Character>(wellFormed(kind));
+    const auto texts = inUnitsOf<Character>(wellFormed(kind));
     const bool isHex = kind == LiteralKind::Hexadecimal;
     const std::vector<Digits> digits = digitsOf(kind);
     std::size_t count = 0;
@@ -184,7 +184,7 @@ template <typename Character>
 void registerParseDouble(const std::string& width) {
     using Text = std::basic_string<Character>;
     const auto reference = [](const Text& text) { return parseDoubleBehindBuffer(text); };
-    const auto texts = widened<Character>(wellFormed(LiteralKind::Double));
+    const auto texts = inUnitsOf<Character>(wellFormed(LiteralKind::Double));
     registerRow("parse_double/ours/" + width, [=](benchmark::State& state) {
         measureConversion(state, texts, parseDoubleOurs<Character>, reference);
     });

@@ -4,6 +4,7 @@
 #include "support/PerItem.h"
 #include "support/Random.h"
 #include "support/Register.h"
+#include "testing/Widen.h"
 
 #include <zt_orvex/support/StringPool.h>
 
@@ -70,16 +71,16 @@ void measure(benchmark::State& state, const Queries& queries, Find find) {
     reportPerItem(state, static_cast<double>(queries.views.size()));
 }
 
-std::vector<std::u16string> widened(const std::vector<std::string>& names) {
+std::vector<std::u16string> widenAll(const std::vector<std::string>& names) {
     std::vector<std::u16string> wide;
     for (const std::string& name : names)
-        wide.emplace_back(name.begin(), name.end());
+        wide.push_back(testing::widen(name));
     return wide;
 }
 
 void lookUpOurs(benchmark::State& state, std::size_t count) {
     const std::vector<std::string> names = makeNames(count);
-    const std::vector<std::u16string> values = widened(names);
+    const std::vector<std::u16string> values = widenAll(names);
     const Queries queries(names);
     zt::orvex::internal::StringPool pool;
     for (std::size_t i = 0; i < names.size(); ++i)
@@ -92,7 +93,7 @@ void lookUpOurs(benchmark::State& state, std::size_t count) {
 
 void lookUpStrings(benchmark::State& state, std::size_t count) {
     const std::vector<std::string> names = makeNames(count);
-    const std::vector<std::u16string> values = widened(names);
+    const std::vector<std::u16string> values = widenAll(names);
     const Queries queries(names);
     std::unordered_map<std::string, std::u16string_view> map;
     map.reserve(count);

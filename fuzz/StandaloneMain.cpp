@@ -5,6 +5,8 @@
 //
 // Half of the random inputs consist of all bytes alike; the other half of zeros and the bytes of
 // TEXT, so that what matters to the fuzzer meets often.
+#include "testing/Random.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -12,13 +14,13 @@
 #include <cstring>
 #include <fstream>
 #include <iterator>
-#include <random>
 #include <vector>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
 namespace {
 
+using zt::orvex::testing::Random;
 using Bytes = std::vector<std::uint8_t>;
 
 struct Options {
@@ -27,9 +29,9 @@ struct Options {
     unsigned long rounds = 50000;
 };
 
-void fill(Bytes& input, const Bytes& from, std::mt19937& random) {
+void fill(Bytes& input, const Bytes& from, Random& random) {
     for (std::uint8_t& byte : input)
-        byte = from[random() % from.size()];
+        byte = random.pick(from);
 }
 
 void runOnRandomInputs(const Options& options) {
@@ -39,9 +41,9 @@ void runOnRandomInputs(const Options& options) {
     Bytes all;
     for (unsigned byte = 0; byte < 256; ++byte)
         all.push_back(static_cast<std::uint8_t>(byte));
-    std::mt19937 random(static_cast<std::mt19937::result_type>(options.seed));
+    Random random(options.seed);
     for (unsigned long round = 0; round < options.rounds; ++round) {
-        Bytes input(random() % 64);
+        Bytes input(random.below(64));
         fill(input, round % 2 == 0 ? options.bytes : all, random);
         LLVMFuzzerTestOneInput(input.data(), input.size());
     }

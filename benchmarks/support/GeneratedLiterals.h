@@ -1,10 +1,12 @@
 #pragma once
 
 #include "support/Random.h"
+#include "testing/Widen.h"
 
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
 namespace zt::orvex::benchmarks {
@@ -78,12 +80,17 @@ inline std::vector<std::string> generateLiterals(LiteralKind kind) {
     return literals;
 }
 
+/// The texts in units of 8 or 16 bits.
 template <typename Character>
-std::vector<std::basic_string<Character>> widened(const std::vector<std::string>& texts) {
-    std::vector<std::basic_string<Character>> wide;
-    for (const std::string& text : texts)
-        wide.emplace_back(text.begin(), text.end());
-    return wide;
+std::vector<std::basic_string<Character>> inUnitsOf(const std::vector<std::string>& texts) {
+    if constexpr (std::is_same_v<Character, char>) {
+        return texts;
+    } else {
+        std::vector<std::u16string> wide;
+        for (const std::string& text : texts)
+            wide.push_back(testing::widen(text));
+        return wide;
+    }
 }
 
 } // namespace zt::orvex::benchmarks

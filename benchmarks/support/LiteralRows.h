@@ -54,7 +54,7 @@ inline std::size_t countWellFormed(LiteralKind kind) {
 
 template <typename Character, typename Matches>
 void measureValidation(benchmark::State& state, LiteralKind kind, Matches matches) {
-    const auto literals = widened<Character>(generateLiterals(kind));
+    const auto literals = inUnitsOf<Character>(generateLiterals(kind));
     const std::size_t expected = countWellFormed(kind);
     std::size_t count = 0;
     for (auto _ : state) {

@@ -5,6 +5,9 @@
 namespace zt::orvex::benchmarks {
 
 /// A xorshift generator: the same numbers on every machine, so that all runs measure one input.
+///
+/// Deliberate: not the generator of the tests. A change to that one would change what the rows
+/// measure, and no figure could be compared with an older one.
 class Random {
 public:
     explicit Random(std::uint64_t seed) : state(seed * 0x9e3779b97f4a7c15ull + 1) {}

@@ -1,6 +1,7 @@
 // A program of its own: it replaces the allocation functions of the whole program.
 
 #include "analysis/AnalysisFixture.h"
+#include "testing/AllocationCounter.h"
 #include "testing/Random.h"
 
 #include <zt_orvex/analysis/LiveVariables.h>
@@ -10,42 +11,8 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <functional>
-#include <memory>
-#include <new>
 #include <string>
-
-namespace {
-
-std::size_t allocations = 0;
-std::size_t living = 0;
-
-void* allocate(std::size_t size) {
-    void* const memory = std::malloc(size == 0 ? 1 : size);
-    if (memory == nullptr) throw std::bad_alloc();
-    ++allocations;
-    ++living;
-    return memory;
-}
-
-void release(void* memory) {
-    if (memory == nullptr) return;
-    --living;
-    std::free(memory);
-}
-
-} // namespace
-
-void* operator new(std::size_t size) { return allocate(size); }
-void* operator new[](std::size_t size) { return allocate(size); }
-// Pools ask this way. Out of memory, the test program may as well end.
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return allocate(size); }
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return allocate(size); }
-void operator delete(void* memory) noexcept { release(memory); }
-void operator delete[](void* memory) noexcept { release(memory); }
-void operator delete(void* memory, std::size_t) noexcept { release(memory); }
-void operator delete[](void* memory, std::size_t) noexcept { release(memory); }
 
 namespace zt::orvex::testing {
 namespace {
@@ -74,11 +41,11 @@ protected:
         for (std::size_t i = 0; i < width; ++i)
             universe.add(symbol(variable(i)));
         for (const Type type : {MAY, MUST}) {
-            const std::size_t before = allocations;
-            const std::size_t alive = living;
-            { flow::TransparentLiveVariablesAnalyzerView(universe, range, type, SLICED, nullptr); }
-            const std::size_t taken = allocations - before;
-            EXPECT_EQ(living, alive) << shape;
+            const AllocationCounts cost = costOf([&] {
+                flow::TransparentLiveVariablesAnalyzerView(universe, range, type, SLICED, nullptr);
+            });
+            const std::size_t taken = cost.allocations;
+            EXPECT_EQ(cost.living(), 0U) << shape;
             EXPECT_LE(taken, MOST_FOR_A_STATEMENT * STATEMENTS)
                 << shape << " over " << width << " variables";
             RecordProperty(std::string(shape) + "_" + std::to_string(width), std::to_string(taken));
@@ -152,9 +119,7 @@ TEST_F(AnalysisAllocations, OfAFailedAnalysisAreAllReturned) {
         flow::TransparentLiveVariablesAnalyzerView(universe, range, MAY, PLAIN, nullptr);
     };
     EXPECT_THROW(analyse(), std::invalid_argument); // so that exceptions have been made, too
-    const std::size_t alive = living;
-    EXPECT_THROW(analyse(), std::invalid_argument);
-    EXPECT_EQ(living, alive);
+    EXPECT_EQ(costOf([&] { EXPECT_THROW(analyse(), std::invalid_argument); }).living(), 0U);
 }
 
 /// A body of assignments x = y + z over 64 variables. It keeps no nodes: a handle tells the number
@@ -234,11 +199,11 @@ TEST(LongBody, MillionStatementsOver64VariablesFinishAndReturnTheirMemory) {
         return live;
     };
     liveAtEntryOf(LongBody(1)); // makes what is made once for the whole program
-    const std::size_t alive = living;
-    const std::uint64_t live = liveAtEntryOf(body);
+    std::uint64_t live = 0;
+    const AllocationCounts cost = costOf([&] { live = liveAtEntryOf(body); });
     EXPECT_EQ(live, expected);
     EXPECT_NE(expected, ~std::uint64_t{0}) << "some must not be live, or the test says little";
-    EXPECT_EQ(living, alive);
+    EXPECT_EQ(cost.living(), 0U);
 }
 
 } // namespace

@@ -1,3 +1,5 @@
+#include "testing/Widen.h"
+
 #include <zt_orvex/ast/NodeKind.h>
 #include <zt_orvex/support/Char16Locale.h>
 
@@ -12,8 +14,6 @@ namespace {
 
 using Stream16 = std::basic_ostringstream<char16_t>;
 
-std::u16string wide(const std::string& ascii) { return {ascii.begin(), ascii.end()}; }
-
 TEST(NodeKindPrint, EveryByteGivesItsNumberOnBothKindsOfStream) {
     for (int value = 0; value <= 255; ++value) {
         const auto kind = static_cast<NodeKind>(value);
@@ -22,7 +22,7 @@ TEST(NodeKindPrint, EveryByteGivesItsNumberOnBothKindsOfStream) {
         EXPECT_EQ(narrow.str(), std::to_string(value));
         Stream16 bare;
         bare << kind;
-        EXPECT_EQ(bare.str(), wide(std::to_string(value)));
+        EXPECT_EQ(bare.str(), testing::widen(std::to_string(value)));
         EXPECT_TRUE(bare.good());
     }
 }

@@ -1,8 +1,8 @@
-// A program of its own: it replaces the global allocation functions, to count them and to make
-// them fail.
+// A program of its own: it replaces the global allocation functions.
 
 #include "flow/MaxLattice.h"
 #include "flow/TestSystem.h"
+#include "testing/AllocationCounter.h"
 
 #include <zt_orvex/flow/internal/Factory.h>
 
@@ -10,74 +10,18 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <memory>
 #include <new>
 #include <set>
 #include <string>
 #include <vector>
 
-namespace {
-
-std::size_t allocations = 0;
-std::size_t bytesAllocated = 0;
-bool failWithoutThrowing = false;
-
-void* allocate(std::size_t bytes) {
-    ++allocations;
-    bytesAllocated += bytes;
-    return std::malloc(bytes == 0 ? 1 : bytes);
-}
-
-void* allocateOrThrow(std::size_t bytes) {
-    void* const memory = allocate(bytes);
-    if (memory == nullptr) throw std::bad_alloc();
-    return memory;
-}
-
-} // namespace
-
-void* operator new(std::size_t bytes) { return allocateOrThrow(bytes); }
-void* operator new[](std::size_t bytes) { return allocateOrThrow(bytes); }
-void* operator new(std::size_t bytes, const std::nothrow_t&) noexcept {
-    return failWithoutThrowing ? nullptr : allocate(bytes);
-}
-void* operator new[](std::size_t bytes, const std::nothrow_t&) noexcept {
-    return failWithoutThrowing ? nullptr : allocate(bytes);
-}
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete[](void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
-void operator delete[](void* memory, std::size_t) noexcept { std::free(memory); }
-void operator delete(void* memory, const std::nothrow_t&) noexcept { std::free(memory); }
-void operator delete[](void* memory, const std::nothrow_t&) noexcept { std::free(memory); }
-
 namespace zt::orvex::flow {
 namespace {
 
-struct Cost {
-    std::size_t allocations;
-    std::size_t bytes;
-};
-
-template <typename Call>
-Cost costOf(Call call) {
-    const Cost before = {allocations, bytesAllocated};
-    call();
-    return {allocations - before.allocations, bytesAllocated - before.bytes};
-}
-
-template <typename Call>
-std::size_t allocationsOf(Call call) {
-    return costOf(call).allocations;
-}
-
-TEST(Allocation, IsCounted) {
-    std::unique_ptr<char[]> memory;
-    const Cost cost = costOf([&] { memory.reset(new char[100]); });
-    EXPECT_EQ(cost.allocations, 1u);
-    EXPECT_EQ(cost.bytes, 100u);
-}
+using testing::AllocationCounts;
+using testing::allocationsOf;
+using testing::costOf;
 
 TEST(Allocation, BitSetTakesExactlyTheWordsInUse) {
     for (const int size : WORD_EDGE_SIZES) {
@@ -100,7 +44,7 @@ TEST(Allocation, GrowthAllocatesOnlyAcrossAWordBoundary) {
             growTo(universe, before + added);
             const auto wordsBefore = static_cast<std::size_t>(before + 63) / 64;
             const auto words = static_cast<std::size_t>(before + added + 63) / 64;
-            const Cost cost = costOf([&] { set.growToUniverse(); });
+            const AllocationCounts cost = costOf([&] { set.growToUniverse(); });
             EXPECT_EQ(cost.allocations, words > wordsBefore ? 1u : 0u);
             EXPECT_EQ(cost.bytes, words > wordsBefore ? 8 * words : 0u);
             EXPECT_EQ(allocationsOf([&] { set.growToUniverse(); }), 0u);
@@ -226,14 +170,14 @@ TEST(Allocation, PoolWithoutMemoryYieldsNull) {
     auto* const operand = other.createVariable("", {0});
     const std::string name;
     Term<Level>* const terms[] = {operand};
-    failWithoutThrowing = true;
+    auto failure = std::make_unique<testing::NoThrowAllocationFailure>();
     const auto* const variable = factory.createVariable(name, {0});
     const auto* const constant = factory.createConstant(name, {0});
     const auto* const join = factory.createJoin(operand);
     const auto* const meet = factory.createMeet(operand);
     const auto* const minus = factory.createMinus(operand);
     const auto* const equation = factory.createEquation(operand, terms, terms + 1);
-    failWithoutThrowing = false;
+    failure.reset();
     EXPECT_EQ(variable, nullptr);
     EXPECT_EQ(constant, nullptr);
     EXPECT_EQ(join, nullptr);
@@ -249,9 +193,10 @@ TEST(Allocation, EquationWithoutMemoryIsNotAdded) {
     IntBuilder builder(lattice, nullptr);
     IntVariable* const x = builder.createVariable("");
     Term<IntSet>* const terms[] = {builder.createConstant(setOf(universe, {1}))};
-    failWithoutThrowing = true;
-    EXPECT_THROW(builder.addEquation(x, terms, terms + 1), std::bad_alloc);
-    failWithoutThrowing = false;
+    {
+        const testing::NoThrowAllocationFailure failure;
+        EXPECT_THROW(builder.addEquation(x, terms, terms + 1), std::bad_alloc);
+    }
     EXPECT_FALSE(builder.hasEquation(x));
     EXPECT_TRUE(builder.build()->equations().empty());
     builder.addEquation(x, terms, terms + 1);

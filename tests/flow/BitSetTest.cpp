@@ -2,6 +2,7 @@
 
 #include "flow/ExpectThrows.h"
 #include "flow/TestElements.h"
+#include "testing/Random.h"
 
 #include <zt_orvex/ast/IAstView.h>
 #include <zt_orvex/ast/SymbolView.h>
@@ -12,7 +13,6 @@
 #include <functional>
 #include <iterator>
 #include <limits>
-#include <random>
 #include <set>
 #include <stdexcept>
 #include <string>
@@ -385,12 +385,12 @@ TEST(BitSet, MembersAreFoundByIndex) {
 TEST(BitSet, VisitsExactlyTheMembersOfALargeSet) {
     constexpr int SIZE = 140000;
     const OrderedSet<int> universe = numbers(SIZE);
-    std::mt19937_64 random(7);
+    testing::Random random(7);
     for (const unsigned oneIn : {2u, 50u, 3000u}) {
         BitSet<int> set(universe);
         std::vector<std::uint64_t> expected;
         for (int i = 0; i < SIZE; ++i) {
-            if (random() % oneIn != 0) continue;
+            if (!random.oneIn(oneIn)) continue;
             set.add(number(i));
             expected.push_back(static_cast<std::uint64_t>(i));
         }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "testing/Widen.h"
+
 #include <zt_orvex/literals/LiteralParsing.h>
 #include <zt_orvex/literals/LiteralValidation.h>
 #include <zt_orvex/literals/NumberConversionError.h>
@@ -22,14 +24,6 @@ inline void PrintTo(LiteralValidationResult result, std::ostream* stream) {
 } // namespace zt::orvex::internal
 
 namespace zt::orvex::testing {
-
-/// Every byte as the unit of the same number.
-inline std::u16string widen(std::string_view text) {
-    std::u16string wide;
-    for (const char c : text)
-        wide.push_back(static_cast<unsigned char>(c));
-    return wide;
-}
 
 /// The index, the bits and the type of a value in a form that compares and prints.
 inline std::string describe(const internal::IntegerLiteralValue& value) {

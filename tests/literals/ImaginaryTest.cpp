@@ -1,3 +1,5 @@
+#include "testing/Widen.h"
+
 #include <zt_orvex/literals/Imaginary.h>
 
 #include <zt_orvex/support/Char16Locale.h>
@@ -76,7 +78,7 @@ void expectSameText(const std::locale& locale, Set set) {
         wide << Imaginary(value) << Imaginary(value);
         ASSERT_TRUE(wide.good());
         const std::string text = narrow.str();
-        EXPECT_EQ(wide.str(), std::u16string(text.begin(), text.end())) << text;
+        EXPECT_EQ(wide.str(), testing::widen(text)) << text;
     }
 }
 

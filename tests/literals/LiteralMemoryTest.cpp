@@ -1,4 +1,7 @@
-// A program of its own, for it counts allocations, and has them fail.
+// A program of its own: it replaces the global allocation functions.
+
+#include "testing/AllocationCounter.h"
+#include "testing/Widen.h"
 
 #include <zt_orvex/literals/LiteralParsing.h>
 #include <zt_orvex/literals/LiteralValidation.h>
@@ -6,52 +9,19 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
-#include <cstdlib>
 #include <functional>
-#include <limits>
 #include <new>
 #include <string>
 #include <thread>
-#include <vector>
-
-namespace {
-
-constexpr std::size_t UNLIMITED = std::numeric_limits<std::size_t>::max();
-
-thread_local std::size_t allocations = 0;
-thread_local std::size_t releases = 0;
-thread_local std::size_t allocationsAllowed = UNLIMITED;
-
-} // namespace
-
-void* operator new(std::size_t size) {
-    if (allocations >= allocationsAllowed) throw std::bad_alloc();
-    ++allocations;
-    if (void* const block = std::malloc(size == 0 ? 1 : size)) return block;
-    throw std::bad_alloc();
-}
-void* operator new[](std::size_t size) { return operator new(size); }
-void operator delete(void* block) noexcept {
-    if (block != nullptr) ++releases;
-    std::free(block);
-}
-void operator delete[](void* block) noexcept { operator delete(block); }
-void operator delete(void* block, std::size_t) noexcept { operator delete(block); }
-void operator delete[](void* block, std::size_t) noexcept { operator delete(block); }
 
 namespace zt::orvex::internal {
 namespace {
 
-template <class Call>
-std::size_t allocationsOf(Call call) {
-    const std::size_t before = allocations;
-    call();
-    return allocations - before;
-}
+using testing::allocationsOf;
 
 TEST(LiteralMemory, DoubleCostsOneBuffer) {
     const std::string narrow = "1234567890.12345678901234567890d+15";
-    const std::u16string wide(narrow.begin(), narrow.end());
+    const std::u16string wide = testing::widen(narrow);
     EXPECT_EQ(allocationsOf([&] { parseDoubleLiteral(narrow); }), 1U);
     EXPECT_EQ(allocationsOf([&] { parseDoubleLiteral(wide); }), 1U);
     const std::string longNarrow(100000, '7');
@@ -66,9 +36,7 @@ TEST(LiteralMemory, BufferIsFreedWhenConversionThrows) {
         EXPECT_ANY_THROW(parseDoubleLiteral(u"a text that is long enough for the heap"));
     };
     fail(); // what is built on first use stays
-    const std::size_t live = allocations - releases;
-    fail();
-    EXPECT_EQ(allocations - releases, live);
+    EXPECT_EQ(testing::costOf(fail).living(), 0U);
 }
 
 TEST(LiteralMemory, IntegersCostNoneAfterTheFirstOnAThread) {
@@ -101,15 +69,12 @@ void expectSecondTryToWork(const std::function<bool()>& works) {
         bool hasWorked = false;
         std::thread([&] {
             try {
-                allocations = 0;
-                allocationsAllowed = allowed;
+                const testing::AllocationLimit limit(allowed);
                 hasWorked = works();
                 hasFailed = false;
             } catch (const std::bad_alloc&) {
-                allocationsAllowed = UNLIMITED;
                 hasWorked = works();
             }
-            allocationsAllowed = UNLIMITED;
         }).join();
         EXPECT_TRUE(hasWorked) << allowed;
     }

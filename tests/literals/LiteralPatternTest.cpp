@@ -1,6 +1,7 @@
 #include "literals/LiteralPattern.h"
 
 #include "literals/LiteralGrammar.h"
+#include "testing/Widen.h"
 
 #include <gtest/gtest.h>
 
@@ -22,9 +23,7 @@ TEST(LiteralGrammar, PatternTextsAreTheseWordForWord) {
 
 bool matches(const LiteralPattern& pattern, std::string_view text) {
     const bool narrow = pattern.matches(text);
-    EXPECT_EQ(pattern.matches(std::u16string_view(std::u16string(text.begin(), text.end()))),
-              narrow)
-        << text;
+    EXPECT_EQ(pattern.matches(std::u16string_view(testing::widen(text))), narrow) << text;
     return narrow;
 }
 

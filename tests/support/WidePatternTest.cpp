@@ -1,6 +1,7 @@
 #include "support/WidePattern.h"
 
 #include "testing/Random.h"
+#include "testing/Widen.h"
 
 #include <gtest/gtest.h>
 
@@ -169,8 +170,7 @@ TEST(WidePattern, AgreesWithABacktrackingEngineOnSmallPatterns) {
             std::string text;
             for (std::size_t k = random.below(6); k > 0; --k)
                 text += random.pick(std::string_view("abcd."));
-            ASSERT_EQ(wide.matches(std::u16string(text.begin(), text.end())),
-                      std::regex_match(text, reference))
+            ASSERT_EQ(wide.matches(testing::widen(text)), std::regex_match(text, reference))
                 << "pattern " << pattern << " text " << text;
         }
     }

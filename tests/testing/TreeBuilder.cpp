@@ -1,5 +1,7 @@
 #include "testing/TreeBuilder.h"
 
+#include "testing/Widen.h"
+
 #include <stdexcept>
 #include <string>
 
@@ -8,8 +10,6 @@ namespace zt::orvex::testing {
 namespace {
 
 using Op = Operation;
-
-std::u16string widen(std::string_view ascii) { return {ascii.begin(), ascii.end()}; }
 
 } // namespace
 

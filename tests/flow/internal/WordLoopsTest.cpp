@@ -1,17 +1,19 @@
 #include <zt_orvex/flow/internal/WordLoops.h>
 
+#include "testing/Random.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <random>
 #include <utility>
 #include <vector>
 
 namespace zt::orvex::flow::internal {
 namespace {
 
+using testing::Random;
 using Words = std::vector<std::uint64_t>;
 
 // Around each length at which a loop changes its step, and one that is longer than a chunk.
@@ -20,10 +22,10 @@ const std::size_t LENGTHS[] = {0,   1,   2,    3,    4,    5,    7,    8,    15,
                                192, 500, 1023, 1024, 1025, 1087, 1088, 2048, 2049, 2188, 3200};
 
 /// Words of which about one in `oneIn` is not zero.
-Words randomWords(std::mt19937_64& random, std::size_t length, unsigned oneIn) {
+Words randomWords(Random& random, std::size_t length, unsigned oneIn) {
     Words words(length);
     for (std::uint64_t& word : words) {
-        if (random() % oneIn == 0) word = random() & random();
+        if (random.oneIn(oneIn)) word = random.next() & random.next();
     }
     return words;
 }
@@ -35,7 +37,7 @@ using PlainOperation = std::uint64_t (*)(std::uint64_t, std::uint64_t);
 
 /// Two random arrays, and what an operation on each word makes of them.
 struct Example {
-    Example(std::mt19937_64& random, std::size_t length, PlainOperation plain)
+    Example(Random& random, std::size_t length, PlainOperation plain)
         : words(randomWords(random, length, 1)), others(randomWords(random, length, 1)) {
         for (std::size_t i = 0; i < length; ++i)
             expected.push_back(plain(words[i], others[i]));
@@ -48,7 +50,7 @@ struct Example {
 
 template <typename Operation>
 void expectCombines(PlainOperation plain) {
-    std::mt19937_64 random(1);
+    Random random(1);
     for (const std::size_t length : LENGTHS) {
         const auto [words, others, expected] = Example(random, length, plain);
 
@@ -99,7 +101,7 @@ TEST(WordLoops, BitAnywhereInABlockIsSeen) {
 }
 
 TEST(WordLoops, CopyEqualsItsSourceUntilAnyBitChanges) {
-    std::mt19937_64 random(5);
+    Random random(5);
     for (const std::size_t length : LENGTHS) {
         const Words source = randomWords(random, length, 1);
         Words copy(length);
@@ -107,7 +109,7 @@ TEST(WordLoops, CopyEqualsItsSourceUntilAnyBitChanges) {
         EXPECT_TRUE(areEqual(copy.data(), source.data(), length)) << length;
         EXPECT_EQ(copy, source);
         for (std::size_t i = 0; i < length; ++i) {
-            copy[i] ^= std::uint64_t{1} << (random() % 64);
+            copy[i] ^= std::uint64_t{1} << (random.next() % 64);
             ASSERT_FALSE(areEqual(copy.data(), source.data(), length)) << length << ", word " << i;
             copy[i] = source[i];
         }
@@ -115,12 +117,12 @@ TEST(WordLoops, CopyEqualsItsSourceUntilAnyBitChanges) {
 }
 
 TEST(WordLoops, OneBitTooManyAnywhereIsNoSubset) {
-    std::mt19937_64 random(2);
+    Random random(2);
     for (const std::size_t length : LENGTHS) {
         const Words allowed = randomWords(random, length, 1);
         Words words = allowed;
         for (std::uint64_t& word : words)
-            word &= random();
+            word &= random.next();
         const auto isSubset = [&] {
             const bool wide =
                 runLoop<SubsetLoop>(length, std::as_const(words).data(), allowed.data());
@@ -140,7 +142,7 @@ TEST(WordLoops, OneBitTooManyAnywhereIsNoSubset) {
 
 TEST(WordLoops, EachUsedWordIsVisitedInOrder) {
     using Visits = std::vector<std::pair<std::uint64_t, std::uint64_t>>;
-    std::mt19937_64 random(3);
+    Random random(3);
     for (const std::size_t length : LENGTHS) {
         for (const unsigned oneIn : {1u, 2u, 20u, 1000u}) {
             const Words words = randomWords(random, length, oneIn);
@@ -158,7 +160,7 @@ TEST(WordLoops, EachUsedWordIsVisitedInOrder) {
 }
 
 TEST(WordLoops, MasksAreTheSameWordByWord) {
-    std::mt19937_64 random(4);
+    Random random(4);
     for (const std::size_t length : LENGTHS) {
         const Words words = randomWords(random, length, 3);
         Words wide((length + 63) / 64);

@@ -1,0 +1,100 @@
+#include "testing/AllocationCounter.h"
+
+#include <cstdlib>
+#include <limits>
+#include <new>
+
+namespace {
+
+constexpr std::size_t UNLIMITED = std::numeric_limits<std::size_t>::max();
+
+thread_local zt::orvex::testing::AllocationCounts counts{};
+thread_local std::size_t allowedAllocations = UNLIMITED;
+thread_local bool noThrowFails = false;
+
+/// Null if the limit is reached or memory is.
+void* allocate(std::size_t size, std::size_t alignment = alignof(std::max_align_t)) noexcept {
+    if (allowedAllocations == 0) return nullptr;
+    // std::aligned_alloc takes whole multiples of the alignment.
+    const std::size_t rounded = (size + alignment - 1) / alignment * alignment;
+    void* const memory = alignment > alignof(std::max_align_t)
+                             ? std::aligned_alloc(alignment, rounded)
+                             : std::malloc(size == 0 ? 1 : size);
+    if (memory == nullptr) return nullptr;
+    if (allowedAllocations != UNLIMITED) --allowedAllocations;
+    ++counts.allocations;
+    counts.bytes += size;
+    return memory;
+}
+
+void* orThrow(void* memory) {
+    if (memory == nullptr) throw std::bad_alloc();
+    return memory;
+}
+
+void release(void* memory) noexcept {
+    if (memory == nullptr) return;
+    ++counts.releases;
+    std::free(memory);
+}
+
+constexpr std::size_t bytesOf(std::align_val_t alignment) {
+    return static_cast<std::size_t>(alignment);
+}
+
+} // namespace
+
+// All replaceable forms, and in a file of their own. The forms that the runtime or a sanitizer
+// would supply needn't forward to these; and a compiler that could inline them would see `new`
+// paired with `free`, and warn.
+
+void* operator new(std::size_t size) { return orThrow(allocate(size)); }
+void* operator new[](std::size_t size) { return orThrow(allocate(size)); }
+void* operator new(std::size_t size, std::align_val_t alignment) {
+    return orThrow(allocate(size, bytesOf(alignment)));
+}
+void* operator new[](std::size_t size, std::align_val_t alignment) {
+    return orThrow(allocate(size, bytesOf(alignment)));
+}
+
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    return noThrowFails ? nullptr : allocate(size);
+}
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
+    return noThrowFails ? nullptr : allocate(size);
+}
+void* operator new(std::size_t size, std::align_val_t alignment, const std::nothrow_t&) noexcept {
+    return noThrowFails ? nullptr : allocate(size, bytesOf(alignment));
+}
+void* operator new[](std::size_t size, std::align_val_t alignment, const std::nothrow_t&) noexcept {
+    return noThrowFails ? nullptr : allocate(size, bytesOf(alignment));
+}
+
+void operator delete(void* memory) noexcept { release(memory); }
+void operator delete[](void* memory) noexcept { release(memory); }
+void operator delete(void* memory, std::size_t) noexcept { release(memory); }
+void operator delete[](void* memory, std::size_t) noexcept { release(memory); }
+void operator delete(void* memory, std::align_val_t) noexcept { release(memory); }
+void operator delete[](void* memory, std::align_val_t) noexcept { release(memory); }
+void operator delete(void* memory, std::size_t, std::align_val_t) noexcept { release(memory); }
+void operator delete[](void* memory, std::size_t, std::align_val_t) noexcept { release(memory); }
+void operator delete(void* memory, const std::nothrow_t&) noexcept { release(memory); }
+void operator delete[](void* memory, const std::nothrow_t&) noexcept { release(memory); }
+void operator delete(void* memory, std::align_val_t, const std::nothrow_t&) noexcept {
+    release(memory);
+}
+void operator delete[](void* memory, std::align_val_t, const std::nothrow_t&) noexcept {
+    release(memory);
+}
+
+namespace zt::orvex::testing {
+
+AllocationCounts allocationCounts() { return counts; }
+
+AllocationLimit::AllocationLimit(std::size_t allowed) { allowedAllocations = allowed; }
+AllocationLimit::~AllocationLimit() { allowedAllocations = UNLIMITED; }
+
+NoThrowAllocationFailure::NoThrowAllocationFailure() { noThrowFails = true; }
+NoThrowAllocationFailure::~NoThrowAllocationFailure() { noThrowFails = false; }
+
+} // namespace zt::orvex::testing
