@@ -57,7 +57,7 @@ void addDiagnostics(ParsedFile& file, std::vector<Diagnostic> diagnostics) {
     file.diagnostics = std::move(diagnostics);
 }
 
-/// Says where a text stops to be UTF-8, and keeps what stands before.
+/// Reports where the text stops being UTF-8, and keeps what precedes that place.
 void refuse(ParsedFile& file, std::string_view utf8) {
     file.isUtf8 = false;
     file.source = *SourceText::fromUtf8(utf8.substr(0, SourceText::validUtf8Prefix(utf8)));
@@ -67,7 +67,7 @@ void refuse(ParsedFile& file, std::string_view utf8) {
                                 "the file is not UTF-8 from here on"});
 }
 
-/// Reads the source that is given: the file's own, or an empty one.
+/// Reads `source`: the file's own text, or an empty one.
 void read(ParsedFile& file, const SourceText& source) {
     FileParser parser(source);
     const NodeId root = parser.parse();

@@ -27,7 +27,7 @@ struct Scope {
     std::string name; ///< The bare name in UTF-8; empty for the script.
 
     /// The variables in order of first appearance in the text: the universe of every construct in
-    /// the scope. Names of anonymous functions' parameters are not in it.
+    /// the scope. It excludes the parameters of anonymous functions.
     std::vector<zt::orvex::SymbolView> universe;
 
     zt::orvex::SymbolView ans; ///< In `universe` only if the text names it.
@@ -41,9 +41,9 @@ struct Construct {
     std::size_t scope;        ///< Index in `ParsedFile::scopes`.
 };
 
-/// What a source file says, in terms of the library.
+/// A parsed source file, in terms of the library.
 ///
-/// Views in it lead into `tree`, so they live as long as it does; the struct may be moved.
+/// Its views point into `tree`, so they live as long as it does; the struct may be moved.
 ///
 ///     const ParsedFile file = parseOstrel("sum.ost", text);
 ///     for (const Construct& construct : file.constructs) {
@@ -53,8 +53,8 @@ struct Construct {
 ///     }
 struct ParsedFile {
     std::string path;
-    bool isUtf8 = true; ///< When not, there is one diagnostic, and the program is empty.
-    SourceText source;  ///< When the file is not UTF-8, what stands before the first wrong byte.
+    bool isUtf8 = true;         ///< If not, there is one diagnostic, and the program is empty.
+    SourceText source;          ///< If the file isn't UTF-8, what precedes the first wrong byte.
     std::unique_ptr<Tree> tree; ///< Never null.
     zt::orvex::NodeView root{}; ///< The Program: what could be parsed.
 
@@ -66,11 +66,11 @@ struct ParsedFile {
     bool hasErrors() const { return !diagnostics.empty(); }
 };
 
-/// Parses a file's text, once. `path` is only kept.
+/// Parses the text of a file. `path` is stored, not opened.
 ///
-/// Never throws for what the text says: what is wrong is told in `diagnostics`, one for each
-/// mistake, and costs the line that it stands on. Cost: linear in the text. Recursion is bounded
-/// (see syntax/Limits.h), and so is the depth of the tree, which walkers recurse on.
+/// Never throws because of the text: every mistake becomes one entry of `diagnostics` and costs the
+/// line that it is on. Cost: linear in the text. Recursion is bounded (see syntax/Limits.h), and so
+/// is the depth of the tree, on which walkers recurse.
 ParsedFile parseOstrel(std::string path, std::string_view utf8Text);
 
 } // namespace ostrel

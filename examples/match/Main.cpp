@@ -1,4 +1,4 @@
-// orvex-match: tells whether two Ostrel programs say the same, and where they part.
+// orvex-match: compares two Ostrel programs and shows where they first differ.
 
 #include "frontend/InputFile.h"
 #include "frontend/ParsedFile.h"
@@ -26,7 +26,7 @@ std::optional<std::string> readText(const std::string& path) {
     }
 }
 
-/// The parsed file, or nothing, with the reason on standard error.
+/// The parsed file, or nothing, in which case the reason is on standard error.
 std::optional<ostrel::ParsedFile> parseFile(const std::string& path) {
     const std::optional<std::string> text = readText(path);
     if (!text) return {};

@@ -66,7 +66,7 @@ bool TreeMatcher::matchKinds(NodeView a, NodeView b) {
     return false;
 }
 
-/// Compares what a node says by itself, without its children.
+/// Compares the text of the node itself, without its children.
 bool TreeMatcher::matchOwnText(NodeView a, NodeView b) {
     switch (a.getKind()) {
     case NodeKind::Identifier:
@@ -88,14 +88,14 @@ bool TreeMatcher::matchOwnText(NodeView a, NodeView b) {
     }
 }
 
-/// Numbers match when type and value do, however they are spelled; the log shows the spellings.
+/// Numbers match if their types and values do, however they are spelled; the log shows spellings.
 bool TreeMatcher::matchNumbers(NodeView a, NodeView b) {
     const std::u16string_view inFirst = first.tree.spelling(a);
     const std::u16string_view inSecond = second.tree.spelling(b);
     return reportStrings(inFirst, inSecond, numberValue(inFirst) == numberValue(inSecond));
 }
 
-/// Texts match when they stand for the same characters; the log shows them quoted alike.
+/// Texts match if they denote the same characters; the log shows both with the same quotes.
 bool TreeMatcher::matchTexts(NodeView a, NodeView b) {
     const char16_t mark = a.getKind() == NodeKind::StringLiteral ? u'"' : u'\'';
     return matchStrings(zt::orvex::quote(literalText(first.tree, a), mark),

@@ -13,17 +13,17 @@
 
 namespace ostrel {
 
-/// A tree with the source that its offsets lead into.
+/// A tree, and the source that its offsets refer to.
 struct MatchedProgram {
     const Tree& tree;
     const SourceText& source;
 };
 
-/// Walks two trees side by side and tells whether they say the same: the same kinds, operators,
-/// names and values in the same places. Layout, comments and the ways to spell a value play no
-/// part: 1.50 is 1.5, and 0xFFu8 is 0Xffu8; but 0xFF is no 0x00FF, which is of another type.
+/// Walks two trees side by side and tells whether they are equivalent: the same kinds, operators,
+/// names and values in the same places. Layout, comments and the spelling of values don't count:
+/// 1.50 equals 1.5, and 0xFFu8 equals 0Xffu8; but 0xFF differs from 0x00FF, which has another type.
 ///
-/// Reports each step to `logger`; a full logger then shows the way to the first difference, and a
+/// Reports each step to `logger`; a full logger then shows the path to the first difference, and a
 /// null logger costs nothing. Stops at the first difference. Recurses as deep as the trees.
 ///
 ///     zt::orvex::internal::EquivalenceFullLogger logger;

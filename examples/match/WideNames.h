@@ -8,7 +8,7 @@
 
 namespace ostrel {
 
-/// Short ASCII texts in UTF-16, such as the spellings of operators, each widened once.
+/// Converts short ASCII texts, such as the spellings of operators, to UTF-16, each only once.
 ///
 /// The views live as long as this object.
 class WideNames {
@@ -23,7 +23,7 @@ public:
 
 private:
     zt::orvex::internal::StringPool pool;
-    std::deque<std::u16string> widened; // a deque: texts never move
+    std::deque<std::u16string> widened; // a deque, because its elements never move
 };
 
 } // namespace ostrel

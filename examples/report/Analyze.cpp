@@ -75,10 +75,10 @@ private:
         diagnostic.column = place.column;
         diagnostic.message =
             std::string("this ") + keywordOf(kindOf(construct)) + " cannot be analysed: " + what;
-        const auto behind = std::upper_bound(
+        const auto next = std::upper_bound(
             file.diagnostics.begin(), file.diagnostics.end(), place.offset,
             [](std::size_t offset, const Diagnostic& other) { return offset < other.offset; });
-        file.diagnostics.insert(behind, std::move(diagnostic));
+        file.diagnostics.insert(next, std::move(diagnostic));
     }
 
     void addConstruct(const ostrel::Construct& parsedConstruct) {
@@ -108,7 +108,7 @@ private:
         restrictedUses.push_back(std::move(uses));
     }
 
-    /// Constructs come in source order, so the one before, or one around it, encloses this one.
+    /// In source order, what encloses a construct is the previous one or one that encloses that.
     std::optional<std::size_t> findEnclosing(const Place& extent) const {
         std::optional<std::size_t> candidate;
         if (!file.constructs.empty()) candidate = file.constructs.size() - 1;
@@ -124,7 +124,7 @@ private:
         return toUtf8(IdentifierView(loop.getParforVariable()).getIdentifierName());
     }
 
-    /// Sorted in UTF-16, by code unit.
+    /// Sorted by UTF-16 code unit.
     std::vector<std::string> sortedNames(const SymbolSet& symbols) const {
         std::set<std::u16string_view> names;
         for (const SymbolView symbol : symbols)
@@ -154,7 +154,7 @@ private:
         }
     }
 
-    /// A use within a nested construct's body is warned of there alone.
+    /// A use in the body of a nested construct gets its warning there only.
     void addRestrictedWarnings() {
         std::unordered_set<NodeView> warned;
         for (std::size_t i = file.constructs.size(); i-- > 0;) {
@@ -179,7 +179,7 @@ private:
     ParsedFile& parsed;
     PlaceFinder places;
     File file;
-    std::vector<std::vector<NodeView>> restrictedUses; ///< Of each of `file.constructs`.
+    std::vector<std::vector<NodeView>> restrictedUses; ///< Indexed like `file.constructs`.
 };
 
 } // namespace

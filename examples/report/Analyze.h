@@ -5,10 +5,10 @@
 
 namespace ostrel::report {
 
-/// What there is to say about a parsed file. Asks the library about every construct.
+/// The report on a parsed file. Asks the library about every construct.
 ///
-/// A construct that the library cannot analyse (it throws) becomes an error at the construct's
-/// place, and is left out. Takes the file's text over; the tree is not needed afterwards.
+/// If the library throws for a construct, the construct is left out, and an error at its place says
+/// why. Takes over the file's text; the result doesn't refer to the tree.
 File analyze(ParsedFile parsed);
 
 } // namespace ostrel::report

@@ -17,11 +17,11 @@ using namespace zt::orvex;
 
 namespace {
 
-/// What is known at one point of the body. Where control never comes, nothing is unwritten: that
-/// makes it the neutral element of `join`.
+/// The state at one point of the body. Where control can't come, nothing is unwritten, which makes
+/// that state the neutral element of `join`.
 struct State {
     bool isReachable = false;
-    boost::dynamic_bitset<> unwritten; ///< Variables that some path to here has not written whole.
+    boost::dynamic_bitset<> unwritten; ///< Variables that some path to here hasn't written whole.
 
     void join(const State& other) {
         isReachable = isReachable || other.isReachable;
@@ -55,8 +55,9 @@ private:
         case NodeKind::BreakStatement:
         case NodeKind::ContinueStatement:
         case NodeKind::ReturnStatement:
-            // All of them leave for a loop's head, for behind a loop or for the end of the body.
-            // Behind a loop its head has been heard already, with at least as much unwritten.
+            // All of them go to the head of a loop, past a loop or to the end of the body. The
+            // state after a loop already includes that of its head, which has at least as much
+            // unwritten.
             state = nowhere;
             break;
         case NodeKind::ForStatement:
@@ -90,12 +91,12 @@ private:
         }
     }
 
-    /// A loop may run no iteration, so behind it is known what was known behind its head.
+    /// A loop may run no iteration, so the state after it is the one after its head.
     void loop(NodeView statement, StatementRangeView body) {
         head(statement);
-        const State behindHead = state;
+        const State afterHead = state;
         statements(body);
-        state = behindHead;
+        state = afterHead;
     }
 
     void branches(IfStatementView statement) {
@@ -123,7 +124,7 @@ private:
         state.join(end);
     }
 
-    /// Takes a branch that ends at `end`, and goes on as if it were not taken.
+    /// Traces a branch that joins `end`, and continues with the state of not taking it.
     void branch(StatementRangeView body, State& end) {
         const State notTaken = state;
         statements(body);
@@ -131,7 +132,7 @@ private:
         state = notTaken;
     }
 
-    /// The body may fail before its first statement has done anything.
+    /// The body may fail before its first statement has had any effect.
     void attempt(TryStatementView statement) {
         const State begin = state;
         statements(statement.getTryBody());
@@ -151,8 +152,8 @@ private:
             state.unwritten.reset(variable);
     }
 
-    /// What a statement reads is what stood there before any of its writes: in `[x, x(1)] = f()`
-    /// the second target keeps the rest of the old `x`.
+    /// All reads of a statement see the values from before its writes: in `[x, x(1)] = f()` the
+    /// second target keeps the rest of the old `x`.
     void use(const Access& access, NodeView statement) {
         const IdentifierView identifier(access.identifier);
         const auto found = indices.find(identifier.getIdentifierSymbol().symbol);
@@ -175,7 +176,7 @@ private:
     std::vector<VariableFlow> flows;
     const State nowhere;
     State state;
-    std::vector<std::size_t> wholeWrites; ///< Of the statement under way.
+    std::vector<std::size_t> wholeWrites; ///< By the current statement.
 };
 
 } // namespace

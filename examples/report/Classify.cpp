@@ -28,7 +28,7 @@ Role roleOf(const Evidence& evidence) {
 
 namespace {
 
-/// Gathers what is known of each variable of one construct.
+/// Collects what is known about each variable of one construct.
 class Classifier {
 public:
     Classifier(const ParsedFile& parsed, const ostrel::Construct& which,
@@ -110,15 +110,15 @@ private:
         return evidence;
     }
 
-    /// The analyses of temporaries and of outputs pass over an expression statement's write of
-    /// `ans`; the one of `ans` counts it.
+    /// The analyses of temporaries and of outputs ignore that an expression statement writes `ans`;
+    /// the analysis of `ans` counts it.
     bool isLive(SymbolView symbol) const {
         if (symbol == scope.ans) return answers.ansPossiblyReadBeforeBeingWritten;
         if (kind == ConstructKind::Parfor) return answers.maybeLiveAsTemporary.count(symbol) != 0;
         return answers.outputs.count(symbol) == 0;
     }
 
-    /// An `ans` that stands nowhere in the text is written where its statement stands.
+    /// An `ans` that isn't in the text is written where its statement is.
     Place placeOfWrite(const VariableFlow& flow) {
         const bool isImplicit = file.tree->isImplicit(*flow.lastWrite);
         return places.of(isImplicit ? *flow.lastWriteStatement : *flow.lastWrite);

@@ -9,17 +9,17 @@
 
 namespace ostrel::report {
 
-/// What decides a variable's role in a construct.
+/// The facts that decide a variable's role in a construct.
 struct Evidence {
     ConstructKind kind = ConstructKind::Parfor;
     bool isLoopVariable = false;
-    bool isWritten = false;      ///< Wholly or in part, where control comes.
+    bool isWritten = false;      ///< Whole or in part, by a reachable statement.
     bool isLive = false;         ///< Some path reads it before a whole write.
-    bool isLiveAsSliced = false; ///< Likewise, where one index or field makes no difference.
+    bool isLiveAsSliced = false; ///< Likewise, if a single index or field is ignored.
     bool hasOwnElements = false;
 };
 
-/// The one place where roles are decided; `Role` tells what each means.
+/// Decides a role; nothing else does. `Role` says what each one means.
 Role roleOf(const Evidence& evidence);
 
 /// The variables that a construct names, in the order of the scope's universe.

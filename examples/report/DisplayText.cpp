@@ -14,7 +14,7 @@ struct Range {
     char32_t last;
 };
 
-// The blocks that matter, sorted; no full table of Unicode.
+// The blocks that matter, sorted; not all of Unicode.
 constexpr Range ZERO_WIDTH[] = {
     {0x0300, 0x036F}, {0x0483, 0x0489}, {0x0591, 0x05BD}, {0x0610, 0x061A}, {0x064B, 0x065F},
     {0x06D6, 0x06DC}, {0x0900, 0x0902}, {0x093C, 0x093C}, {0x0941, 0x0948}, {0x0E34, 0x0E3A},
@@ -28,7 +28,7 @@ constexpr Range WIDE[] = {
     {0xFFE0, 0xFFE6},   {0x1F300, 0x1F64F}, {0x1F680, 0x1F6FF}, {0x1F900, 0x1F9FF},
     {0x1FA70, 0x1FAFF}, {0x20000, 0x3FFFD},
 };
-// C0, C1, separators of lines, and what overrides the direction of writing.
+// C0, C1, line separators, and overrides of the direction of writing.
 constexpr Range UNSAFE[] = {
     {0x0000, 0x001F}, {0x007F, 0x009F}, {0x061C, 0x061C},
     {0x200E, 0x200F}, {0x2028, 0x202E}, {0x2066, 0x2069},
@@ -36,10 +36,10 @@ constexpr Range UNSAFE[] = {
 
 template <std::size_t size>
 bool isIn(const Range (&ranges)[size], char32_t character) {
-    const auto behind =
+    const auto next =
         std::upper_bound(std::begin(ranges), std::end(ranges), character,
                          [](char32_t value, const Range& range) { return value < range.first; });
-    return behind != std::begin(ranges) && character <= std::prev(behind)->last;
+    return next != std::begin(ranges) && character <= std::prev(next)->last;
 }
 
 bool isHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }

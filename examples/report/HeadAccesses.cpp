@@ -10,8 +10,8 @@ using namespace zt::orvex;
 
 namespace {
 
-/// Visits the parts of a head. Targets come twice, once for the names that they read and once for
-/// the one that they write, so that all reads come first.
+/// Visits the parts of a head. Visits each target twice, once for the names that it reads and once
+/// for the one that it writes, so that all reads come first.
 class HeadVisitor {
 public:
     explicit HeadVisitor(const std::function<void(const Access&)>& callback) : found(callback) {}

@@ -8,7 +8,7 @@ namespace ostrel::report {
 
 enum class AccessKind {
     Read,
-    PartWrite, ///< The variable beneath an index or a field: the rest of it stays.
+    PartWrite, ///< Of the variable under an index or a field; the rest of it stays.
     WholeWrite,
 };
 
@@ -18,13 +18,13 @@ struct Access {
     zt::orvex::NodeView identifier;
 };
 
-/// Gives `found` every name that a statement, or an `ElseIfClause`, `CaseClause` or `CatchClause`,
-/// uses in its own head: reads first, then writes, which is how it is evaluated. What stands in its
-/// body is not part of it. Field names and other names that are no variables come too.
+/// Passes to `found` every name that the head of a statement, or of an `ElseIfClause`, `CaseClause`
+/// or `CatchClause`, uses: reads first, then writes, which is the order of evaluation. The body
+/// doesn't count. Names of fields and others that aren't variables are included.
 void forEachHeadAccess(zt::orvex::NodeView statement,
                        const std::function<void(const Access&)>& found);
 
-/// The name under a target's indices and fields; a node of another kind where there is none.
+/// The name under the indices and fields of a target; a node of another kind if there is none.
 zt::orvex::NodeView baseOfTarget(zt::orvex::NodeView target);
 
 } // namespace ostrel::report

@@ -17,7 +17,7 @@ namespace ostrel::report {
 
 namespace {
 
-/// How a role looks: its class in the style sheet, and its letter.
+/// The look of a role: its class in the style sheet, and its letter.
 struct Mark {
     const char* style;
     char letter;
@@ -59,7 +59,7 @@ const char* styleOf(SyntaxKind kind) {
     return "comment";
 }
 
-/// Text as it may stand in an element and in an attribute.
+/// Text escaped for elements and attributes.
 std::string escaped(std::string_view text) {
     std::string out;
     out.reserve(text.size());
@@ -81,14 +81,14 @@ std::string escaped(std::string_view text) {
             out += "&#39;";
             break;
         default:
-            // A control character has no place in a page; blanks and tabs have.
+            // Tabs are the only control characters allowed in a page.
             out += static_cast<unsigned char>(c) < 0x20 && c != '\t' ? '?' : c;
         }
     }
     return out;
 }
 
-/// Names a variable of a construct: what a click marks.
+/// The key of a variable of a construct: a click marks all elements that have it.
 std::string keyOf(std::size_t file, std::size_t construct, std::size_t variable) {
     return "v" + std::to_string(file) + "-" + std::to_string(construct) + "-" +
            std::to_string(variable);
@@ -98,7 +98,7 @@ std::string lineId(std::size_t file, std::size_t line) {
     return "f" + std::to_string(file) + "L" + std::to_string(line);
 }
 
-/// A piece of the source with the tag that it stands in.
+/// A piece of the source, and the attributes of the tag around it.
 struct Span {
     std::size_t offset;
     std::size_t length;
@@ -164,7 +164,7 @@ private:
         out << "</div>\n";
     }
 
-    /// Goes on at `span`, the first one that may reach into the line.
+    /// Continues at `span`, the first one that may extend into the line.
     void writeLine(const File& file, std::size_t line, const std::vector<Span>& spans,
                    std::vector<Span>::const_iterator& span) {
         const std::u16string_view all = file.source.text();
@@ -182,7 +182,7 @@ private:
                 out << "</span>";
                 at = to;
             }
-            if (span->offset + span->length > end) return; // goes on in the next line
+            if (span->offset + span->length > end) return; // continues on the next line
             ++span;
         }
         writeText(all.substr(at, end - at));
@@ -192,10 +192,10 @@ private:
 
     static std::vector<bool> findLinesInside(const File& file) {
         std::vector<bool> isInside(file.source.lineCount() + 1, false);
-        std::size_t marked = 0; // nested constructs need no second look
+        std::size_t marked = 0; // the lines of nested constructs are done
         for (const Construct& construct : file.constructs) {
-            const std::size_t behind = construct.extent.offset + construct.extent.length;
-            const std::size_t last = file.source.position(behind).line;
+            const std::size_t end = construct.extent.offset + construct.extent.length;
+            const std::size_t last = file.source.position(end).line;
             for (std::size_t line = std::max(construct.keyword.line, marked + 1); line <= last;
                  ++line)
                 isInside[line] = true;
@@ -216,7 +216,7 @@ private:
         return spans;
     }
 
-    /// A place that nested constructs share looks as the innermost has it, and is marked with each.
+    /// A place in nested constructs looks as the innermost one has it, and has the keys of all.
     static void addVariables(const File& file, std::size_t number, std::vector<Span>& spans) {
         struct Appearance {
             const Variable* variable;

@@ -10,7 +10,7 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-Json toJson(const File& file); // before toJsonArray, which cannot find it otherwise
+Json toJson(const File& file); // declared here, so that toJsonArray finds it
 
 Json toJson(const Diagnostic& diagnostic) {
     return {{"line", diagnostic.line},

@@ -6,8 +6,8 @@
 
 namespace ostrel::report {
 
-/// The report as one JSON object, indented, with a line end behind it. Bytes of a path that are no
-/// UTF-8 become U+FFFD.
+/// Writes the report as one indented JSON object and a line end. Bytes of a path that aren't UTF-8
+/// become U+FFFD.
 void writeJsonReport(std::ostream& out, const Report& report);
 
 } // namespace ostrel::report

@@ -12,8 +12,8 @@ namespace ostrel::report {
 
 using SymbolSet = std::unordered_set<zt::orvex::SymbolView>;
 
-/// What the library says about one construct. The first three are of a `parfor`, `outputs` is of a
-/// `spmd`; what does not apply is empty.
+/// The library's answers about one construct. The first three sets are for a `parfor`, `outputs` is
+/// for an `spmd`; what doesn't apply is empty.
 struct LibraryAnswers {
     SymbolSet liveAsTemporary;
     SymbolSet maybeLiveAsTemporary;
@@ -22,7 +22,7 @@ struct LibraryAnswers {
     bool ansPossiblyReadBeforeBeingWritten = false;
 };
 
-/// Asks all questions about a construct. What the library throws passes out.
+/// Asks the library all questions about a construct. Exceptions of the library pass through.
 LibraryAnswers askLibrary(const ostrel::Construct& construct, const Scope& scope);
 
 ConstructKind kindOf(const ostrel::Construct& construct);

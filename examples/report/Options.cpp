@@ -15,7 +15,7 @@ const std::map<std::string, ColorChoice> COLOR_CHOICES{
     {"auto", ColorChoice::Auto}, {"always", ColorChoice::Always}, {"never", ColorChoice::Never}};
 
 constexpr const char* DESCRIPTION =
-    "Reports what each variable is to the parfor and spmd statements of Ostrel source files.";
+    "Reports the role of each variable in the parfor and spmd statements of Ostrel source files.";
 constexpr const char* FOOTER =
     "Exit status: 0 when every file was read without an error, 1 when a file has errors,\n"
     "2 on wrong usage or a file that cannot be read.";
@@ -45,7 +45,7 @@ ParsedOptions parseOptions(int count, const char* const* arguments,
         ->check([](const std::string& path) {
             return path.empty() ? std::string("the name of the file is empty") : std::string();
         });
-    app.add_option("--color", color, "Whether text is coloured; auto: on a terminal")
+    app.add_option("--color", color, "Whether to colour text; auto: on a terminal")
         ->check(CLI::IsMember({"auto", "always", "never"}))
         ->capture_default_str();
     app.add_option("FILE", options.files, "Source files; - is standard input")
@@ -60,7 +60,7 @@ ParsedOptions parseOptions(int count, const char* const* arguments,
     options.color = COLOR_CHOICES.at(color);
     if (options.output == "-") options.output.clear();
     if (std::count(options.files.begin(), options.files.end(), "-") > 1) {
-        std::cerr << "orvex-report: standard input can be read once only\n";
+        std::cerr << "orvex-report: standard input can be read only once\n";
         result.exitStatus = WRONG_USAGE;
     }
     return result;

@@ -15,14 +15,14 @@ struct Options {
     std::vector<std::string> files; ///< At least one; `-` is standard input.
 };
 
-/// Either what to do, or that the program is done, with this exit status.
+/// The options, or the exit status if the program is already done.
 struct ParsedOptions {
     Options options;
     std::optional<int> exitStatus;
 };
 
-/// Reads the command line. Help and version go to standard output with status 0; what is wrong goes
-/// to standard error with status 2.
+/// Parses the command line. Help and version go to standard output, with status 0; errors go to
+/// standard error, with status 2.
 ParsedOptions parseOptions(int count, const char* const* arguments,
                            const std::vector<std::string>& formats);
 

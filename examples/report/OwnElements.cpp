@@ -17,10 +17,10 @@ using namespace zt::orvex;
 
 namespace {
 
-/// How an index mentions the loop variable; equal in all uses of one variable, or it is none.
+/// Where an index has the loop variable. `places` becomes empty if two uses of a variable differ.
 struct IndexShape {
     std::size_t size = 0;
-    std::vector<std::size_t> places; ///< Sorted; where the loop variable stands bare.
+    std::vector<std::size_t> places; ///< Sorted; the arguments that are the bare loop variable.
 };
 
 class OwnElementFinder {
@@ -66,7 +66,7 @@ private:
                IdentifierView(expression).getIdentifierSymbol() == loopVariable;
     }
 
-    /// The walk comes to an operation before it comes to its base, so this waits for it.
+    /// The walk visits an operation before its base, so the index is kept until then.
     void noteIndex(NodeView base, ExpressionRangeView arguments) {
         if (base.getKind() != NodeKind::Identifier) return;
         IndexShape shape;

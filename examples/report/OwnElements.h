@@ -7,16 +7,16 @@
 
 namespace ostrel::report {
 
-/// The variables of which every iteration of a `parfor` uses elements of its own alone: each use in
-/// the body has one index or field directly behind the name that bears the loop variable, bare and
-/// at the same place, as in `x(k) = x(k) + 1` or `a(:, k)`.
+/// The variables of which every iteration of a `parfor` uses only its own elements: in each use in
+/// the body, the index that directly follows the name has the bare loop variable at the same
+/// position, as in `x(k) = x(k) + 1` or `a(:, k)`.
 ///
-/// The library does not ask for this. It finds such a variable live, since an iteration reads it
-/// before it has written all of it, and that alone would look like a value that is carried. Nothing
-/// is carried where no two iterations use the same element.
+/// The library has no such rule. It finds such a variable live, because an iteration reads it
+/// before it has written all of it, and that alone would look like a carried value. But nothing is
+/// carried if no two iterations use the same element.
 ///
-/// A use that removes elements, `x(k) = []`, moves the others: such a variable is not among them.
-/// The caller sees to it that the body does not write the loop variable.
+/// A use that removes elements, `x(k) = []`, moves the others, and so disqualifies the variable. The
+/// body must not write the loop variable; the caller checks that.
 std::unordered_set<zt::orvex::SymbolView> findOwnElements(zt::orvex::ParforStatementView loop);
 
 } // namespace ostrel::report

@@ -10,11 +10,11 @@
 
 namespace ostrel::report {
 
-/// Turns offsets into lines and columns.
+/// Converts offsets to lines and columns.
 ///
-/// `SourceText::position` counts from the begin of the line, which makes a long line with many
-/// names quadratic. This counts on from the place before where that is near, so ask in source order
-/// where there is a choice.
+/// `SourceText::position` counts from the beginning of the line, which would be quadratic on a long
+/// line with many names. This class counts on from the previous place if that is near, so ask in
+/// source order where possible.
 class PlaceFinder {
 public:
     PlaceFinder(const SourceText& text, const Tree& program) : source(text), tree(program) {}

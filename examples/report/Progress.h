@@ -6,8 +6,8 @@
 
 namespace ostrel::report {
 
-/// A line on standard error that tells how far a long run has come. Says nothing where standard
-/// error is no terminal, of a single file, or in the first second.
+/// A line on standard error that shows the progress of a long run. Prints nothing if standard error
+/// isn't a terminal, if there is only one file, or in the first second.
 class Progress {
 public:
     explicit Progress(std::size_t fileCount);
@@ -15,10 +15,10 @@ public:
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
 
-    /// A file is about to be read.
+    /// Call before reading each file.
     void next(const std::string& path);
 
-    /// Takes the line away, so that something else can be written.
+    /// Erases the line, so that something else can be written.
     void erase();
 
 private:

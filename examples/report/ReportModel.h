@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-// What the report says, as plain data: `analyze` fills it in, and the writers (JSON, text, HTML)
-// only spell it. All text is UTF-8; all offsets and lengths are UTF-16 units of the source text.
+// The report as plain data: `analyze` fills it in, and the writers (JSON, text, HTML) format it.
+// All text is UTF-8; all offsets and lengths are in UTF-16 units of the source text.
 
 namespace ostrel::report {
 
@@ -24,41 +24,40 @@ struct Place {
 
 enum class ConstructKind { Parfor, Spmd };
 
-/// What a variable is to one construct. Written and read mean: by a statement of the body that
-/// control can reach. A variable has one role in each construct that touches it, so one that is
-/// carried by an inner loop may be temporary to the loop around it.
+/// The role of a variable in one construct. "Written" and "read" mean by a reachable statement of
+/// the body. A variable has one role in each construct that names it, so a variable that an inner
+/// loop carries may be temporary in the loop around it.
 enum class Role {
-    /// The variable of the `parfor` statement itself. Those of loops within are temporary.
+    /// The variable of the `parfor` statement itself. Those of nested loops are temporary.
     LoopVariable,
 
-    /// `parfor`: written, and on no path read before it is written whole. Each iteration has one of
-    /// its own, and nothing of it is left behind the loop.
+    /// `parfor`: written, and on no path read before it is written whole. Each iteration has its
+    /// own, and the loop leaves no value in it.
     Temporary,
 
-    /// `parfor`: written in parts, where the iterations need not know of each other: nothing of it
-    /// is read before it is written (a part written through one index counts, unless the index is
-    /// the variable of a `for` within), or every use is an element that bears the iteration's own
-    /// index (`Variable::hasOwnElements`).
+    /// `parfor`: written in parts, independently in each iteration: either nothing of it is read
+    /// before it is written (a part written through one index counts, unless the index is the
+    /// variable of a nested `for`), or every use is of an element at the iteration's own index
+    /// (`Variable::hasOwnElements`).
     Sliced,
 
-    /// `spmd`: written, and on no path read before it is written whole. Its value is there behind
-    /// the statement.
+    /// `spmd`: written, and on no path read before it is written whole. Its value is available
+    /// after the statement.
     Output,
 
-    /// Only read: the value comes from outside of the construct. Also what stands in the
-    /// construct's head alone.
+    /// Only read: the value comes from outside the construct. Also a variable that only the head of
+    /// the construct names.
     ReadFromOutside,
 
     /// `parfor`: on some path read before it is written whole, and written too, so that an
-    /// iteration may see what another one has left.
+    /// iteration may see the value from another one.
     Carried,
 
     /// `spmd`: on some path read before it is written whole, and written too: it comes from outside
     /// and is changed.
     Updated,
 
-    /// Named, but neither read nor written: in a `global` declaration, or where control never
-    /// comes.
+    /// Named, but neither read nor written: in a `global` declaration, or in unreachable code.
     NamedOnly,
 };
 
@@ -67,39 +66,39 @@ struct Variable {
     std::string name;
     Role role = Role::NamedOnly;
 
-    /// Whether the body names it; else only the construct's own head does.
+    /// Whether the body names it; if not, only the head of the construct does.
     bool isInBody = false;
 
-    /// Whether every path surely reads it before it is written. Never said of reads behind a loop.
+    /// Whether every path is known to read it before writing it. Never set for reads after a loop.
     bool isReadOnEveryPath = false;
 
-    /// `parfor`: whether every use in the body is an element that bears the loop variable at the
-    /// same place of its index, as `x(k)`: no two iterations use the same one.
+    /// `parfor`: whether every use in the body is of an element with the loop variable at the same
+    /// position of its index, such as `x(k)`, so that no two iterations use the same element.
     bool hasOwnElements = false;
 
-    /// Every appearance in the construct, head and nested constructs included, in source order.
+    /// Every occurrence in the construct, its head and nested constructs included, in source order.
     std::vector<Place> places;
 
-    /// The first read that some path reaches before a whole write, in source order. There is none
-    /// where the role says that nothing is read first.
+    /// The first read, in source order, that some path reaches before a whole write. Empty if the
+    /// role says that nothing is read first.
     std::optional<Place> firstRead;
 
-    /// Whether `firstRead` is no plain read but a write of a part, such as `x(j) = 1`, which keeps
-    /// the rest.
+    /// Whether `firstRead` is a write of a part, such as `x(j) = 1`, which keeps the rest, rather
+    /// than a plain read.
     bool isFirstReadPartialWrite = false;
 
-    /// The last write in source order that control reaches: the one that carries, of a `Carried`.
+    /// The last reachable write in source order: for `Carried`, the one whose value is carried.
     std::optional<Place> lastWrite;
 };
 
 enum class WarningKind { AnsReadFirst, RestrictedExternal, UnknownPragma };
 
-/// Something that works otherwise than its author may think.
+/// Something that may not do what its author expects.
 struct Warning {
     WarningKind kind = WarningKind::AnsReadFirst;
     std::string name; ///< `ans`, the function, or the directive.
     Place place;
-    std::string message; ///< What is wrong, on one line, without a full stop.
+    std::string message; ///< What is wrong: one line, no full stop.
     std::string help;    ///< What to do about it, likewise.
 };
 
@@ -107,23 +106,23 @@ struct Warning {
 struct Construct {
     ConstructKind kind = ConstructKind::Parfor;
     Place keyword;
-    Place extent;                         ///< From the keyword to behind the `end`.
-    std::optional<std::size_t> enclosing; ///< The next construct outwards, in `File::constructs`.
+    Place extent;                         ///< From the keyword to the `end`, inclusive.
+    std::optional<std::size_t> enclosing; ///< The innermost enclosing one, in `File::constructs`.
     std::string scope;                    ///< The function's bare name; empty for the script.
-    std::string loopVariable;             ///< Of a `parfor`; else empty.
+    std::string loopVariable;             ///< Of a `parfor`; otherwise empty.
     std::vector<std::string> universe;    ///< In order of first appearance in the scope.
 
-    // What the library answers. The first three are of a `parfor`, `outputs` is of a `spmd`.
+    // The library's answers. The first three are for a `parfor`, `outputs` is for an `spmd`.
     std::vector<std::string> liveAsTemporary;
     std::vector<std::string> maybeLiveAsTemporary;
     std::vector<std::string> notLiveAsSliced;
     std::vector<std::string> outputs;
     bool ansPossiblyReadBeforeBeingWritten = false;
 
-    std::vector<std::string> restrictedExternals; ///< Those that the body uses.
+    std::vector<std::string> restrictedExternals; ///< The ones that the body uses.
 
     std::vector<Variable> variables; ///< In the universe's order.
-    std::vector<Warning> warnings;   ///< In source order; those of nested constructs are theirs.
+    std::vector<Warning> warnings;   ///< In source order, without those of nested constructs.
 };
 
 struct PragmaEntry {
@@ -136,11 +135,11 @@ struct PragmaEntry {
 struct File {
     std::string path; ///< As given.
     SourceText source;
-    std::vector<SyntaxSpan> syntax;      ///< What a writer may colour, in source order.
+    std::vector<SyntaxSpan> syntax;      ///< Pieces to colour, in source order.
     std::vector<Diagnostic> diagnostics; ///< In source order.
     std::vector<PragmaEntry> pragmas;    ///< In source order.
     std::vector<Construct> constructs;   ///< In source order, nested ones included.
-    std::vector<Warning> warnings;       ///< Those that belong to no construct, in source order.
+    std::vector<Warning> warnings;       ///< Those outside all constructs, in source order.
 
     bool hasErrors() const { return !diagnostics.empty(); }
 };

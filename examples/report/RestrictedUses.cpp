@@ -42,7 +42,8 @@ private:
         return labels.count(name) == 0 && !symbol.view->isVariableSymbol(symbol.symbol);
     }
 
-    std::unordered_set<NodeView> labels; ///< Names that name no function; seen before they come.
+    /// Names of fields and arguments. The walk visits their parents first, so they are known here.
+    std::unordered_set<NodeView> labels;
 };
 
 } // namespace

@@ -7,7 +7,7 @@
 
 namespace ostrel::report {
 
-/// The names in a body that the library lists as restricted and that are no variables of the scope:
+/// The names in a body that the library lists as restricted and that aren't variables of the scope:
 /// in an expression, as the callee of a command, or alone. The heads of nested constructs count;
 /// names of fields and of named arguments don't. In the order of the walk.
 std::vector<zt::orvex::NodeView> findRestrictedUses(zt::orvex::StatementRangeView body);

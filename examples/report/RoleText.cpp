@@ -9,7 +9,7 @@ std::string at(const std::optional<Place>& place) {
     return std::to_string(place->line) + ":" + std::to_string(place->column);
 }
 
-/// Where what was there before comes in.
+/// The first use of the value from before the construct or iteration.
 std::string firstUse(const Variable& variable) {
     if (variable.isFirstReadPartialWrite)
         return "written in part at " + at(variable.firstRead) + ", which keeps the rest";
@@ -18,16 +18,16 @@ std::string firstUse(const Variable& variable) {
 }
 
 std::string noteOfSliced(const Variable& variable) {
-    if (!variable.hasOwnElements) return "written in parts, and not read before";
+    if (!variable.hasOwnElements) return "written in parts, none of them read before";
     if (!variable.firstRead || variable.isFirstReadPartialWrite)
-        return "each iteration writes elements of its own";
-    return "each iteration reads and writes elements of its own, " + firstUse(variable);
+        return "each iteration writes its own elements";
+    return "each iteration reads and writes its own elements, " + firstUse(variable);
 }
 
 std::string noteOfRead(const Variable& variable) {
-    if (!variable.isInBody) return "read in the head alone";
+    if (!variable.isInBody) return "read only in the head";
     return firstUse(variable) +
-           (variable.hasOwnElements ? "; each iteration reads elements of its own" : "");
+           (variable.hasOwnElements ? "; each iteration reads its own elements" : "");
 }
 
 } // namespace
@@ -57,9 +57,9 @@ const char* nameOf(Role role) {
 std::string noteOf(const Variable& variable) {
     switch (variable.role) {
     case Role::LoopVariable:
-        return variable.isInBody ? "" : "the body does not use it";
+        return variable.isInBody ? "" : "not used in the body";
     case Role::Temporary:
-        return "written before it is read, in each iteration anew";
+        return "written before it is read in each iteration";
     case Role::Sliced:
         return noteOfSliced(variable);
     case Role::Output:
@@ -68,11 +68,11 @@ std::string noteOf(const Variable& variable) {
         return noteOfRead(variable);
     case Role::Carried:
         return firstUse(variable) + "; last written at " + at(variable.lastWrite) +
-               ", for an iteration to come";
+               ", for a later iteration";
     case Role::Updated:
         return firstUse(variable) + "; last written at " + at(variable.lastWrite);
     case Role::NamedOnly:
-        return "no statement that control can reach reads or writes it";
+        return "no reachable statement reads or writes it";
     }
     return "";
 }

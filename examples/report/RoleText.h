@@ -6,11 +6,10 @@
 
 namespace ostrel::report {
 
-/// What a role is called in a report.
+/// The name of a role in a report.
 const char* nameOf(Role role);
 
-/// Why a variable has its role, with places as `line:column`: one line without a full stop. May be
-/// empty.
+/// Why a variable has its role, with places as `line:column`: one line, no full stop. May be empty.
 std::string noteOf(const Variable& variable);
 
 } // namespace ostrel::report

@@ -43,7 +43,7 @@ constexpr std::array<Format, 3> FORMATS{{
 
 void complain(const std::string& message) { std::cerr << "orvex-report: " << message << '\n'; }
 
-/// Why a file that is not UTF-8 cannot be read, and from where on.
+/// Why a file that isn't UTF-8 can't be read, and where it stops being UTF-8.
 std::string reasonOf(const ParsedFile& parsed) {
     if (parsed.diagnostics.empty()) return "the file is not UTF-8";
     const Diagnostic& first = parsed.diagnostics.front();
@@ -51,14 +51,14 @@ std::string reasonOf(const ParsedFile& parsed) {
            ": " + first.message;
 }
 
-/// A file's report; throws std::runtime_error where the file cannot be read.
+/// The report on a file. Throws std::runtime_error if the file can't be read.
 File reportOn(const std::string& path) {
     ParsedFile parsed = parseOstrel(path, readInput(path));
     if (!parsed.isUtf8) throw std::runtime_error(reasonOf(parsed));
     return analyze(std::move(parsed));
 }
 
-/// The text that the environment gives, or empty.
+/// The value of an environment variable; empty if it isn't set.
 std::string_view environment(const char* name) {
     const char* value = std::getenv(name);
     return value == nullptr ? std::string_view() : std::string_view(value);
@@ -79,7 +79,7 @@ bool isSameFile(const std::string& a, const std::string& b) {
     return std::filesystem::equivalent(a, b, error) && !error;
 }
 
-/// Why the report must not go to `output`, if so.
+/// Why the report must not go to `output`, or nothing.
 std::optional<std::string> objectionTo(const Options& options) {
     for (const std::string& path : options.files) {
         if (!options.output.empty() && isSameFile(options.output, path))

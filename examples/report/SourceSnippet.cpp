@@ -20,7 +20,7 @@ std::size_t previousCodePoint(std::u16string_view line, std::size_t at) {
     return at;
 }
 
-/// Appends from `at` up to `end`, but no more than fits; gives where it stopped.
+/// Appends from `at` up to `end` as much as fits; returns where it stopped.
 std::size_t append(DisplayText& text, std::u16string_view line, std::size_t at, std::size_t end,
                    std::size_t width) {
     while (at < end) {
@@ -38,7 +38,7 @@ bool fits(std::u16string_view line, std::size_t width) {
     return append(text, line, 0, line.size(), width) == line.size();
 }
 
-/// Where to begin so that at most `columns` columns stand before `at`.
+/// Where to begin so that at most `columns` columns precede `at`.
 std::size_t goBack(std::u16string_view line, std::size_t at, std::size_t columns) {
     std::size_t used = 0;
     while (at > 0) {
@@ -51,7 +51,7 @@ std::size_t goBack(std::u16string_view line, std::size_t at, std::size_t columns
     return at;
 }
 
-/// The part of a line from `begin` on, with the mark beneath it.
+/// The part of a line from `begin` on, and the mark below it.
 SourceSnippet render(std::u16string_view line, std::size_t begin, std::size_t caret,
                      std::size_t caretEnd, std::size_t width) {
     DisplayText text;

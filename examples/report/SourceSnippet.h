@@ -8,15 +8,14 @@
 
 namespace ostrel::report {
 
-/// A line of the source, and a line that marks a place in it.
+/// A line of source, and a line that marks a place in it.
 struct SourceSnippet {
     std::string source; ///< UTF-8.
-    std::string marker; ///< Blanks, then `^`, and a `~` for each further column of the place.
+    std::string marker; ///< Blanks, `^`, and a `~` for each further column of the place.
 };
 
-/// The line of `place` in at most `width` columns (or 20, if that is more); what is cut off becomes
-/// `...`. The mark ends with the line. Cost: does not depend on the length of the line, as long as
-/// that fits into memory.
+/// The line of `place` in at most `width` columns (but at least 20); what is cut off becomes `...`.
+/// The mark ends at the end of the line. Cost: independent of the length of the line.
 SourceSnippet cutSnippet(const SourceText& source, const Place& place, std::size_t width);
 
 } // namespace ostrel::report

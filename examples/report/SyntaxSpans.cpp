@@ -33,7 +33,7 @@ std::optional<SyntaxKind> syntaxKindOf(const Token& token) {
     }
 }
 
-/// The words of commands, which only the parser can tell from expressions, in source order.
+/// The words of commands in source order; only the parser can tell them from expressions.
 std::vector<SyntaxSpan> findCommandWords(const ParsedFile& file) {
     std::vector<SyntaxSpan> words;
     zt::orvex::forEachNodeIn(file.root, [&](NodeView node) {
@@ -54,8 +54,8 @@ std::vector<SyntaxSpan> findCommandWords(const ParsedFile& file) {
     return words;
 }
 
-/// Adds the comments between two tokens: each from a `%` or `...` to the end of its line. All text
-/// that is no token, blank or line end is comment.
+/// Adds the comments between two tokens, each from a `%` or `...` to the end of its line. All text
+/// there that isn't blank or a line end is comment.
 void addComments(std::u16string_view text, std::size_t begin, std::size_t end,
                  std::vector<SyntaxSpan>& spans) {
     constexpr std::u16string_view BLANKS = u" \t\r\n\f\v";

@@ -11,7 +11,7 @@ namespace ostrel::report {
 
 enum class SyntaxKind { Keyword, Number, Text, Comment };
 
-/// A piece of the source text that is coloured by what it is. Offsets are UTF-16 units.
+/// A piece of the source text to colour by its kind. Offsets are in UTF-16 units.
 struct SyntaxSpan {
     SyntaxKind kind;
     std::size_t offset;

@@ -5,10 +5,10 @@
 
 namespace ostrel::report {
 
-/// Whether a stream such as `stdout` ends at a terminal.
+/// Whether a stream such as `stdout` is a terminal.
 bool isTerminal(std::FILE* stream);
 
-/// How many columns the terminal of a stream has, or `otherwise` where that cannot be told.
+/// The width of the terminal in columns, or `otherwise` if that can't be determined.
 std::size_t terminalWidth(std::FILE* stream, std::size_t otherwise);
 
 } // namespace ostrel::report

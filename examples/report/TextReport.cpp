@@ -14,7 +14,7 @@ namespace ostrel::report {
 
 namespace {
 
-/// What stands out, and the escape sequence that does it.
+/// Emphasis; `sequenceOf` gives the escape sequence.
 enum class Tone { Plain, Heading, Faint, Error, Warning, Help, Loop, Private, Shared, Result };
 
 constexpr const char* RESET = "\x1b[0m";
@@ -55,7 +55,7 @@ std::string padded(std::string text, std::size_t width) {
     return text;
 }
 
-/// Cuts a text between words into lines of at most `width` columns; a longer word stays whole.
+/// Breaks a text into lines of at most `width` columns, between words; a longer word stays whole.
 std::vector<std::string> wrap(std::string_view text, std::size_t width) {
     std::vector<std::string> lines(1);
     while (!text.empty()) {
@@ -87,7 +87,7 @@ public:
     }
 
 private:
-    /// More would only hide what comes behind; the other formats have them all.
+    /// More would only hide what follows; the other formats have them all.
     static constexpr std::size_t MAX_ERRORS = 100;
     static constexpr std::size_t MIN_NOTE_WIDTH = 30;
     static constexpr std::size_t INDENT = 4;
@@ -108,7 +108,7 @@ private:
         if (file.constructs.empty()) {
             paint(Tone::Heading, file.path);
             out << ": no parfor or spmd statement"
-                << (file.hasErrors() ? " in what could be read" : "") << '\n';
+                << (file.hasErrors() ? " in what could be parsed" : "") << '\n';
         }
         for (const Warning& warning : file.warnings) {
             out << '\n';
@@ -138,7 +138,7 @@ private:
         const std::size_t indent = gutterOf(warning.place).size();
         const std::string_view label = "help: ";
         const std::vector<std::string> lines =
-            wrap(warning.help, columnsBehind(indent + label.size()));
+            wrap(warning.help, columnsAfter(indent + label.size()));
         for (std::size_t i = 0; i < lines.size(); ++i) {
             out << std::string(indent, ' ');
             if (i == 0) paint(Tone::Help, label);
@@ -155,7 +155,7 @@ private:
         out << ' ' << message << '\n';
         const std::string gutter = gutterOf(place);
         const SourceSnippet snippet =
-            cutSnippet(file.source, place, columnsBehind(gutter.size() + 2));
+            cutSnippet(file.source, place, columnsAfter(gutter.size() + 2));
         paint(Tone::Faint, gutter + "|");
         out << ' ' << snippet.source << '\n';
         paint(Tone::Faint, std::string(gutter.size(), ' ') + "|");
@@ -169,7 +169,7 @@ private:
         return std::string(number.size() < 5 ? 5 - number.size() : 0, ' ') + number + " ";
     }
 
-    std::size_t columnsBehind(std::size_t used) const {
+    std::size_t columnsAfter(std::size_t used) const {
         return style.width > used + MIN_NOTE_WIDTH ? style.width - used : MIN_NOTE_WIDTH;
     }
 
@@ -190,7 +190,7 @@ private:
         if (!construct.scope.empty()) what += ", in function " + construct.scope;
         if (construct.enclosing) {
             const Construct& outer = file.constructs[*construct.enclosing];
-            what += std::string(", within the ") + keywordOf(outer.kind) + " of line " +
+            what += std::string(", inside the ") + keywordOf(outer.kind) + " on line " +
                     std::to_string(outer.keyword.line);
         }
         paint(Tone::Heading, place + ": " + what);
@@ -223,22 +223,22 @@ private:
         }
     }
 
-    /// The note stands behind the role, or below it where that leaves too little room.
+    /// The note follows the role, or goes below it if there is too little room.
     void writeRow(const Variable& variable, const Columns& columns) {
         const std::string note = noteOf(variable);
         const std::string_view role = nameOf(variable.role);
-        const std::size_t behind = INDENT + columns.name + 2 + columns.role + 2;
-        const bool isBehind = behind + MIN_NOTE_WIDTH <= style.width;
+        const std::size_t noteColumn = INDENT + columns.name + 2 + columns.role + 2;
+        const bool isOnSameLine = noteColumn + MIN_NOTE_WIDTH <= style.width;
         out << std::string(INDENT, ' ') << padded(variable.name, columns.name) << "  ";
         paint(toneOf(variable.role), role);
         if (note.empty()) {
             out << '\n';
             return;
         }
-        const std::size_t indent = isBehind ? behind : INDENT * 2;
-        out << (isBehind ? std::string(columns.role - role.size() + 2, ' ')
-                         : "\n" + std::string(indent, ' '));
-        const std::vector<std::string> lines = wrap(note, columnsBehind(indent));
+        const std::size_t indent = isOnSameLine ? noteColumn : INDENT * 2;
+        out << (isOnSameLine ? std::string(columns.role - role.size() + 2, ' ')
+                             : "\n" + std::string(indent, ' '));
+        const std::vector<std::string> lines = wrap(note, columnsAfter(indent));
         for (std::size_t i = 0; i < lines.size(); ++i)
             out << (i == 0 ? "" : std::string(indent, ' ')) << lines[i] << '\n';
     }

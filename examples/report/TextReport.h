@@ -9,11 +9,11 @@ namespace ostrel::report {
 
 struct TextStyle {
     bool isColored = false;
-    std::size_t width = 100; ///< Columns; messages, paths and names may take more.
+    std::size_t width = 100; ///< In columns; messages, paths and names may be wider.
 };
 
-/// The report for a person at a terminal: errors, then each construct with its variables and its
-/// warnings, then the other warnings; with several files a summary at the end.
+/// Writes the report for a person at a terminal: errors, then each construct with its variables and
+/// its warnings, then the other warnings; for several files, a summary at the end.
 void writeTextReport(std::ostream& out, const Report& report, const TextStyle& style);
 
 } // namespace ostrel::report

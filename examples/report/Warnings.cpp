@@ -20,21 +20,20 @@ struct RestrictedRow {
     std::string_view help;
 };
 
-constexpr std::string_view BY_NAME =
-    "reaches variables by name, which no analysis of the text sees";
-constexpr std::string_view OF_CALL = "asks how the function around it was called";
-constexpr std::string_view IN_FUNCTION = "do it in a function of its own and call that";
-constexpr std::string_view BEFORE = "ask before the construct and keep the answer in a variable";
+constexpr std::string_view BY_NAME = "accesses variables by name, which static analysis cannot see";
+constexpr std::string_view OF_CALL = "depends on how the enclosing function was called";
+constexpr std::string_view IN_FUNCTION = "move it into a function of its own and call that";
+constexpr std::string_view BEFORE = "use it before the construct and keep the result in a variable";
 
 constexpr std::array<RestrictedRow, 18> RESTRICTED{{
     {"assignin", BY_NAME, "return the value from a function and assign it"},
-    {"builtin", "calls what its argument names", "call the function directly"},
+    {"builtin", "calls the function that its argument names", "call the function directly"},
     {"dbstack", OF_CALL, BEFORE},
-    {"eval", BY_NAME, "write the code out, or put it into a function"},
-    {"evalc", BY_NAME, "write the code out, or put it into a function"},
+    {"eval", BY_NAME, "write the code out, or move it into a function"},
+    {"evalc", BY_NAME, "write the code out, or move it into a function"},
     {"evalin", BY_NAME, "pass the value as an argument"},
-    {"feval", "calls what its argument names", "call the function directly"},
-    {"input", "waits for somebody at the keyboard", BEFORE},
+    {"feval", "calls the function that its argument names", "call the function directly"},
+    {"input", "waits for keyboard input", BEFORE},
     {"inputname", OF_CALL, BEFORE},
     {"load", BY_NAME, IN_FUNCTION},
     {"nargin", OF_CALL, BEFORE},
@@ -54,6 +53,10 @@ RestrictedRow rowOf(std::string_view name) {
     return {name, "is on the library's list of restricted functions", IN_FUNCTION};
 }
 
+const char* withArticle(ConstructKind kind) {
+    return kind == ConstructKind::Parfor ? "a parfor" : "an spmd";
+}
+
 std::string quoted(std::string_view name) { return "'" + std::string(name) + "'"; }
 
 std::string lowered(std::string text) {
@@ -63,7 +66,7 @@ std::string lowered(std::string text) {
     return text;
 }
 
-/// The words that `parsePragma` knows, from the library itself.
+/// The words that `parsePragma` recognizes, from the library itself.
 std::array<std::string, 8> knownDirectives() {
     using zt::orvex::PragmaKind;
     constexpr std::array<PragmaKind, 8> KINDS{
@@ -79,7 +82,7 @@ std::string helpForDirective(const std::string& name) {
     const std::array<std::string, 8> known = knownDirectives();
     std::string all;
     for (const std::string& word : known) {
-        if (lowered(word) == lowered(name)) return "write " + quoted(word) + ": case counts";
+        if (lowered(word) == lowered(name)) return "write " + quoted(word) + ": case matters";
         all += (all.empty() ? "" : ", ") + word;
     }
     return "known directives: " + all;
@@ -95,20 +98,20 @@ Warning warnOfAns(ConstructKind kind, const Place& place) {
     const std::string keyword = keywordOf(kind);
     return {WarningKind::AnsReadFirst, "ans", place,
             "'ans' may be read here before the " + keyword + " body has set it",
-            "assign what you mean to a variable of its own, and read that"};
+            "assign the value to a variable, and read that instead"};
 }
 
 Warning warnOfRestricted(ConstructKind kind, const std::string& name, const Place& place) {
     const RestrictedRow row = rowOf(name);
     return {WarningKind::RestrictedExternal, name, place,
-            quoted(name) + " is restricted in a " + keywordOf(kind) + " body: it " +
+            quoted(name) + " is restricted in " + withArticle(kind) + " body: it " +
                 std::string(row.reason),
             std::string(row.help)};
 }
 
 Warning warnOfUnknownPragma(const PragmaEntry& pragma) {
     return {WarningKind::UnknownPragma, pragma.name, pragma.place,
-            "no directive is called " + quoted(pragma.name) + ", so tools pass over this pragma",
+            "no directive is called " + quoted(pragma.name) + ", so tools ignore this pragma",
             helpForDirective(pragma.name)};
 }
 

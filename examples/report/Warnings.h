@@ -6,7 +6,7 @@
 
 namespace ostrel::report {
 
-/// The texts of the warnings, for all writers.
+/// The warnings; all writers use these texts.
 Warning warnOfAns(ConstructKind kind, const Place& place);
 Warning warnOfRestricted(ConstructKind kind, const std::string& name, const Place& place);
 Warning warnOfUnknownPragma(const PragmaEntry& pragma);

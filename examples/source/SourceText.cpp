@@ -9,7 +9,7 @@ namespace ostrel {
 
 namespace {
 
-/// One code point's form in UTF-8: its lead byte, its length and what it may stand for.
+/// One row of the UTF-8 table: the lead byte, the length and the lowest value encoded that way.
 struct LeadByte {
     unsigned char mask;
     unsigned char bits;
@@ -28,7 +28,7 @@ bool isScalarValue(char32_t value) {
     return value <= 0x10FFFF && !(value >= 0xD800 && value <= 0xDFFF);
 }
 
-/// Reads one code point. Gives its length, or 0 where there is none.
+/// Reads one code point. Returns its length, or 0 if there is none.
 std::size_t readCodePoint(std::string_view utf8, std::size_t at, char32_t& value) {
     const auto byte = [&](std::size_t index) { return static_cast<unsigned char>(utf8[index]); };
     for (const LeadByte& lead : LEAD_BYTES) {
@@ -54,7 +54,7 @@ void appendUtf16(std::u16string& units, char32_t value) {
     units.push_back(static_cast<char16_t>(0xDC00 + (value & 0x3FF)));
 }
 
-/// Appends the code points up to the first wrong byte and gives its index.
+/// Appends the code points up to the first wrong byte, and returns the index of that byte.
 std::size_t decode(std::string_view utf8, std::u16string& units) {
     std::size_t at = 0;
     while (at < utf8.size()) {

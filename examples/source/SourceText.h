@@ -16,24 +16,24 @@ struct Position {
 
 /// A source text in UTF-16, with its lines.
 ///
-/// Offsets are in UTF-16 units. Line ends are LF, CRLF and CR. A byte order mark at the begin of
-/// the UTF-8 text is no part of the source text. Immutable, so any thread may read it.
+/// Offsets are in UTF-16 units. Line ends are LF, CRLF and CR. A byte order mark at the beginning
+/// of the UTF-8 text isn't part of the source text. Immutable, so any thread may read it.
 class SourceText {
 public:
     SourceText() : SourceText(std::u16string()) {}
     explicit SourceText(std::u16string utf16);
 
-    /// Cost: one pass over the text. Empty when it is not UTF-8: an overlong form, a surrogate, a
-    /// value above U+10FFFF or a sequence that breaks off.
+    /// Cost: one pass over the text. Empty if the text isn't UTF-8: if it has an overlong form, a
+    /// surrogate, a value above U+10FFFF or a truncated sequence.
     static std::optional<SourceText> fromUtf8(std::string_view utf8);
 
-    /// Where the longest valid beginning of `utf8` ends: its size when all of it is UTF-8.
+    /// The length of the longest valid prefix of `utf8`: its size if all of it is UTF-8.
     static std::size_t validUtf8Prefix(std::string_view utf8);
 
     const std::u16string& text() const { return units; }
     std::size_t size() const { return units.size(); }
 
-    /// The unit at `offset`, and 0 at the end and beyond, which spares the reader a test.
+    /// The unit at `offset`; 0 at the end and beyond, which spares callers a bounds check.
     char16_t at(std::size_t offset) const { return offset < units.size() ? units[offset] : u'\0'; }
 
     std::size_t lineCount() const { return lineStarts.size(); }
@@ -51,8 +51,8 @@ private:
     std::vector<std::size_t> lineStarts;
 };
 
-/// Gives the positions of many offsets, which must not descend, in one pass over the text: many
-/// places may be on one long line.
+/// Computes the positions of many offsets, in ascending order, in one pass over the text, however
+/// many of them are on one long line.
 class PositionCursor {
 public:
     explicit PositionCursor(const SourceText& text) : source(text) {}

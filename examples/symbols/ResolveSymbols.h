@@ -6,7 +6,7 @@
 
 namespace ostrel {
 
-/// What a scope of text comes to.
+/// The variables of one scope.
 struct ResolvedScope {
     SymbolId ans;
     std::vector<SymbolId> universe; ///< Its variables, in order of first mention.
@@ -14,9 +14,9 @@ struct ResolvedScope {
 
 /// Gives every identifier its symbol: one for each name and scope.
 ///
-/// A symbol is a variable when one of its identifiers is written; `ans` always is. Symbol 0 is that
-/// of no identifier. The result is indexed by scope and has entries of use for scripts and
-/// functions; the universe of an anonymous function's parameters stays empty. Cost: linear.
+/// A symbol is a variable if one of its identifiers is written; `ans` always is. No identifier has
+/// symbol 0. The result is indexed by scope; only the entries of scripts and functions are filled
+/// in, so the universe of an anonymous function stays empty. Cost: linear.
 std::vector<ResolvedScope> resolveSymbols(TreeStorage& storage);
 
 } // namespace ostrel

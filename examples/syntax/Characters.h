@@ -14,19 +14,19 @@ inline bool isLetter(char16_t unit) {
 }
 inline bool isNamePart(char16_t unit) { return isLetter(unit) || isDigit(unit) || unit == u'_'; }
 
-/// Whether the text ends at `at`, or a line of it.
+/// Whether `at` is the end of a line or of the text.
 inline bool isEndOfLine(const SourceText& source, std::size_t at) {
     return at >= source.size() || isLineEnd(source.at(at));
 }
 
-/// Where the line ends that `at` is on.
+/// The end of the line that contains `at`.
 inline std::size_t skipToLineEnd(const SourceText& source, std::size_t at) {
     while (!isEndOfLine(source, at))
         ++at;
     return at;
 }
 
-/// Behind the line end at `at`; `at` itself at the end of the text.
+/// The offset after the line end at `at`; `at` itself at the end of the text.
 inline std::size_t skipLineEnd(const SourceText& source, std::size_t at) {
     if (at >= source.size()) return at;
     return at + (source.at(at) == u'\r' && source.at(at + 1) == u'\n' ? 2U : 1U);
@@ -36,7 +36,7 @@ inline bool isContinuation(const SourceText& source, std::size_t at) {
     return source.at(at) == u'.' && source.at(at + 1) == u'.' && source.at(at + 2) == u'.';
 }
 
-/// Behind the blanks at `at`, where `...` and the rest of its line count as a blank.
+/// The offset after the blanks at `at`; `...` and the rest of its line count as a blank.
 inline std::size_t skipBlanks(const SourceText& source, std::size_t at) {
     while (true) {
         if (isBlank(source.at(at))) {
@@ -49,13 +49,13 @@ inline std::size_t skipBlanks(const SourceText& source, std::size_t at) {
     }
 }
 
-/// Whether a token that ends at `at` has a blank or a line end behind it.
-inline bool isBlankBehind(const SourceText& source, std::size_t at) {
+/// Whether a blank or a line end follows a token that ends at `at`.
+inline bool isBlankAfter(const SourceText& source, std::size_t at) {
     return isEndOfLine(source, at) || isBlank(source.at(at)) || isContinuation(source, at);
 }
 
-/// Behind the quoted text that begins at `at`, in which a doubled quote stands for one; `npos` when
-/// its line ends first.
+/// The offset after the quoted text that begins at `at`, in which a doubled quote stands for one;
+/// `npos` if the line ends first.
 std::size_t skipQuoted(const SourceText& source, std::size_t at);
 
 } // namespace ostrel

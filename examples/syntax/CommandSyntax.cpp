@@ -30,19 +30,19 @@ bool isOperator(TokenKind kind) {
     }
 }
 
-/// Behind the word that begins at `at`. A quoted run is part of it, blanks and all.
+/// The offset after the word that begins at `at`. Quoted runs belong to it, blanks included.
 std::size_t skipWord(const SourceText& source, std::size_t at, std::size_t& openQuote) {
     while (!endsCommand(source, at) && !isBlank(source.at(at)) && !isContinuation(source, at)) {
         if (!isQuote(source.at(at))) {
             ++at;
             continue;
         }
-        const std::size_t behind = skipQuoted(source, at);
-        if (behind == Lexer::NONE) {
+        const std::size_t after = skipQuoted(source, at);
+        if (after == Lexer::NONE) {
             openQuote = at;
             return skipToLineEnd(source, at);
         }
-        at = behind;
+        at = after;
     }
     return at;
 }
@@ -55,8 +55,8 @@ bool hasCommandShape(const SourceText& source, std::size_t nameEnd) {
     if (isLetter(source.at(at)) || isDigit(source.at(at)) || isQuote(source.at(at))) return true;
     const Punctuation first = punctuationAt(source, at);
     if (first.kind == TokenKind::LeftParen || first.kind == TokenKind::Assign) return false;
-    const std::size_t behind = at + first.length;
-    const bool isBlankNext = isBlank(source.at(behind)) || isContinuation(source, behind);
+    const std::size_t next = at + first.length;
+    const bool isBlankNext = isBlank(source.at(next)) || isContinuation(source, next);
     return !(isOperator(first.kind) && isBlankNext);
 }
 

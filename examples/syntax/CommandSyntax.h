@@ -7,9 +7,9 @@
 
 namespace ostrel {
 
-/// Whether a statement that begins with a name, which ends at `nameEnd`, has the shape of a
-/// command: a blank, then text that begins neither with `(`, nor with `=` other than `==`, nor with
-/// an operator that a blank follows. It is one if the name is no variable.
+/// Whether a statement whose leading name ends at `nameEnd` has the shape of a command: a blank,
+/// then text that begins neither with `(`, nor with `=` other than `==`, nor with an operator that
+/// a blank follows. It is a command if the name isn't a variable.
 bool hasCommandShape(const SourceText& source, std::size_t nameEnd);
 
 struct CommandWord {
@@ -17,8 +17,8 @@ struct CommandWord {
     std::size_t end;
 };
 
-/// The words of a command. `end` is where they end, at `;`, `,`, `%` or a line end; `openQuote` is
-/// where a word opens a quote that its line does not close, and npos otherwise.
+/// The words of a command. `end` is the `;`, `,`, `%` or line end that follows them; `openQuote` is
+/// the quote that its line doesn't close, or npos.
 struct CommandWords {
     std::vector<CommandWord> words;
     std::size_t end;

@@ -25,8 +25,8 @@ std::uint8_t code(Operator op) {
     return static_cast<std::uint8_t>(op);
 }
 
-/// Counts one more level of recursion for as long as it lives. Each level of recursion is a level
-/// of the tree, so both have one limit.
+/// Counts one level of recursion while it lives. Each level of recursion is a level of the tree, so
+/// one limit serves both.
 class Nesting {
 public:
     Nesting(std::size_t& count, const ParserState& state) : depth(count) {
@@ -41,7 +41,7 @@ private:
     std::size_t& depth;
 };
 
-/// While it lives, names of an anonymous function's parameters mean the parameters.
+/// While it lives, the parameter names of an anonymous function resolve to its parameters.
 class ParametersInForce {
 public:
     ParametersInForce(ParserState& of, Field inputs, ScopeId scope) : state(of) {
@@ -67,7 +67,7 @@ public:
 private:
     struct Shadowed {
         NameId name;
-        ScopeId scope; ///< What the name meant before; 0 when it was no parameter.
+        ScopeId scope; ///< What the name meant before; 0 if it wasn't a parameter.
     };
 
     void shadow(NameId name, ScopeId scope) {
@@ -99,7 +99,7 @@ NodeId ExpressionParser::binary(int loosest) {
     }
 }
 
-/// `a:b` or `a:step:b`; a fourth part begins a new operation, with this one as its start.
+/// `a:b` or `a:step:b`; a fourth part begins a new operation whose start is this one.
 NodeId ExpressionParser::colon(NodeId start) {
     state.advance();
     NodeId step = 0;
@@ -148,11 +148,11 @@ NodeId ExpressionParser::exponent() {
     return row == nullptr ? postfix() : prefix(*row, &ExpressionParser::exponent);
 }
 
-/// Whether the operator at hand is the sign of a new element: `[a -b]`, not `[a - b]`.
+/// Whether the current operator is the sign of a new element: `[a -b]`, not `[a - b]`.
 bool ExpressionParser::beginsNewElement() const {
     const bool isSign = state.is(TokenKind::Plus) || state.is(TokenKind::Minus);
-    return isSign && state.partedByBlanks && state.token().blankBefore &&
-           !isBlankBehind(state.source, state.token().end);
+    return isSign && state.separatedByBlanks && state.token().blankBefore &&
+           !isBlankAfter(state.source, state.token().end);
 }
 
 // What follows an operand
@@ -160,7 +160,7 @@ bool ExpressionParser::beginsNewElement() const {
 NodeId ExpressionParser::postfix() {
     NodeId base = primary();
     while (true) {
-        const bool isNewElement = state.partedByBlanks && state.token().blankBefore;
+        const bool isNewElement = state.separatedByBlanks && state.token().blankBefore;
         if (state.is(TokenKind::LeftParen) && !isNewElement) {
             base = call(base);
         } else if (state.is(TokenKind::LeftBrace) && !isNewElement) {
@@ -182,14 +182,14 @@ NodeId ExpressionParser::call(NodeId base) {
 }
 
 Field ExpressionParser::argumentsInParens() {
-    const Scoped<bool> inParens(state.partedByBlanks, false);
+    const Scoped<bool> inParens(state.separatedByBlanks, false);
     const Scoped<std::size_t> subscript(state.subscriptDepth, state.subscriptDepth + 1);
     state.openBracket();
     return elementsTo(TokenKind::RightParen, &ExpressionParser::argument);
 }
 
 NodeId ExpressionParser::brace(NodeId base) {
-    const Scoped<bool> inBraces(state.partedByBlanks, true);
+    const Scoped<bool> inBraces(state.separatedByBlanks, true);
     const Scoped<std::size_t> subscript(state.subscriptDepth, state.subscriptDepth + 1);
     state.openBracket();
     const Field arguments = elementsTo(TokenKind::RightBrace, &ExpressionParser::subscript);
@@ -211,7 +211,7 @@ NodeId ExpressionParser::dot(NodeId base) {
     return make(NodeKind::DotOperation, begin, {TreeBuilder::one(base), TreeBuilder::one(field)});
 }
 
-/// Whether the `@` at hand stands directly behind a name, which `base` is.
+/// Whether `base` is a name that the current `@` follows directly.
 bool ExpressionParser::isNameBefore(NodeId base) const {
     return state.builder.at(base).kind == NodeKind::Identifier && !state.token().blankBefore;
 }
@@ -226,25 +226,25 @@ NodeId ExpressionParser::atClass(NodeId name) {
 
 // Lists of expressions
 
-/// Elements up to `closer`, behind its opening bracket, each as `read` reads it.
+/// Reads elements with `read`, from the opening bracket to `closer`.
 Field ExpressionParser::elementsTo(TokenKind closer, NodeId (ExpressionParser::*read)()) {
     NodeList elements(state);
     while (!state.is(closer)) {
         elements.add((this->*read)());
-        if (!goesOn()) break;
+        if (!hasAnotherElement()) break;
     }
     state.closeBracket(closer);
     return elements.store();
 }
 
-/// Whether another element follows: behind a comma, or a blank where blanks part.
-bool ExpressionParser::goesOn() {
+/// Whether another element follows, after a comma, or after a blank where blanks separate.
+bool ExpressionParser::hasAnotherElement() {
     if (state.accept(TokenKind::Comma)) {
         const bool isClosed = state.is(TokenKind::RightParen) || state.is(TokenKind::RightBrace);
         if (isClosed) state.fail("expected an expression, found " + state.found());
         return true;
     }
-    return state.partedByBlanks && state.token().blankBefore && !isElementsEnd();
+    return state.separatedByBlanks && state.token().blankBefore && !isElementsEnd();
 }
 
 bool ExpressionParser::isElementsEnd() const {
@@ -279,9 +279,9 @@ NodeId ExpressionParser::namedArgument() {
 
 bool ExpressionParser::isLoneColon() const {
     if (!state.is(TokenKind::Colon)) return false;
-    const Token behind = state.peek();
-    return behind.kind == TokenKind::Comma || behind.kind == TokenKind::RightParen ||
-           behind.kind == TokenKind::RightBrace || (state.partedByBlanks && behind.blankBefore);
+    const Token next = state.peek();
+    return next.kind == TokenKind::Comma || next.kind == TokenKind::RightParen ||
+           next.kind == TokenKind::RightBrace || (state.separatedByBlanks && next.blankBefore);
 }
 
 // Operands
@@ -307,7 +307,7 @@ NodeId ExpressionParser::primary() {
     case TokenKind::QuestionMark:
         return onName(UnaryOperator::QuestionMark);
     case TokenKind::OpenText:
-        state.fail("the text is not closed");
+        state.fail("the quoted text is not closed");
     case TokenKind::Keyword:
         return keyword();
     default:
@@ -315,8 +315,8 @@ NodeId ExpressionParser::primary() {
     }
 }
 
-/// `end` in a subscript. A keyword elsewhere is wrong; it is passed over, for it is meant as a name
-/// and opens or closes no block.
+/// `end` in a subscript. Any other keyword is an error; it is skipped, because it is meant as a
+/// name and opens or closes no block.
 NodeId ExpressionParser::keyword() {
     if (state.is(Keyword::End) && state.subscriptDepth > 0) {
         return state.leafOfToken(NodeKind::End);
@@ -327,7 +327,7 @@ NodeId ExpressionParser::keyword() {
     state.failAt(offset, message);
 }
 
-/// A wrong number is wrong by itself: the rest of the line is read on.
+/// A malformed number doesn't spoil the rest of its line, so parsing goes on.
 NodeId ExpressionParser::number() {
     const Token token = state.token();
     const char* mistake = checkNumber(state.text(token));
@@ -349,7 +349,7 @@ NodeId ExpressionParser::parenthesized() {
 }
 
 NodeId ExpressionParser::inParens() {
-    const Scoped<bool> parens(state.partedByBlanks, false);
+    const Scoped<bool> parens(state.separatedByBlanks, false);
     state.openBracket();
     const NodeId inner = expression();
     state.closeBracket(TokenKind::RightParen);
@@ -357,7 +357,7 @@ NodeId ExpressionParser::inParens() {
 }
 
 NodeId ExpressionParser::matrix(NodeKind kind, TokenKind closer) {
-    const Scoped<bool> inMatrix(state.partedByBlanks, true);
+    const Scoped<bool> inMatrix(state.separatedByBlanks, true);
     const std::size_t begin = state.token().begin;
     state.openBracket();
     NodeList rows(state);
@@ -377,14 +377,14 @@ NodeId ExpressionParser::row() {
     NodeList elements(state);
     do {
         elements.add(expression());
-    } while (continuesRow());
+    } while (rowHasAnotherElement());
     return make(NodeKind::Row, begin, {elements.store()});
 }
 
-/// Whether another element of the row follows. A comma at the end of a row is let pass.
-bool ExpressionParser::continuesRow() {
-    const bool isParted = state.accept(TokenKind::Comma) || state.token().blankBefore;
-    return isParted && !isElementsEnd();
+/// Whether another element of the row follows. A trailing comma is allowed.
+bool ExpressionParser::rowHasAnotherElement() {
+    const bool isSeparated = state.accept(TokenKind::Comma) || state.token().blankBefore;
+    return isSeparated && !isElementsEnd();
 }
 
 NodeId ExpressionParser::functionHandle() {
@@ -411,7 +411,7 @@ NodeId ExpressionParser::anonymousFunction(std::size_t begin) {
 }
 
 Field ExpressionParser::inputParameters(ScopeId owner) {
-    const Scoped<bool> inParens(state.partedByBlanks, false);
+    const Scoped<bool> inParens(state.separatedByBlanks, false);
     const Scoped<ScopeId> ofOwner(parameterScope, owner);
     state.openBracket();
     return elementsTo(TokenKind::RightParen, &ExpressionParser::inputParameter);

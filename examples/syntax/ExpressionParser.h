@@ -11,25 +11,25 @@
 
 namespace ostrel {
 
-/// Reads expressions: precedence climbing over the operator tables, and recursive descent for what
-/// stands in brackets.
+/// Parses expressions: by precedence climbing over the operator tables, and by recursive descent
+/// inside brackets.
 ///
-/// Every function begins at the current token and leaves the one behind its expression; where the
-/// text does not fit it throws a SyntaxError.
+/// Every function starts at the current token and stops at the token after its expression. It
+/// throws a SyntaxError if the text doesn't fit.
 class ExpressionParser {
 public:
     explicit ExpressionParser(ParserState& shared) : state(shared) {}
 
     NodeId expression() { return binary(level::LOOSEST); }
 
-    /// What may stand left of `=`: a name, with what follows it.
+    /// An operand with its postfix operators, which is what may precede `=`.
     NodeId postfix();
 
-    /// The arguments in parentheses at the current token, which may be empty.
+    /// The parenthesized arguments at the current token, possibly none.
     Field argumentsInParens();
-    /// Expressions parted by commas, up to `closer`, behind the opening bracket.
+    /// Expressions separated by commas, from after the opening bracket to `closer`.
     Field expressionsTo(TokenKind closer);
-    /// `(a, ~, b)`: a range of InputParameter, their names in scope `owner`.
+    /// `(a, ~, b)`: a range of InputParameter, whose names are in scope `owner`.
     Field inputParameters(ScopeId owner);
 
     /// The name that an assignment to `target` writes; 0 if it cannot be assigned to.
@@ -53,7 +53,7 @@ private:
     NodeId atClass(NodeId name);
 
     Field elementsTo(TokenKind closer, Reader read);
-    bool goesOn();
+    bool hasAnotherElement();
     bool isElementsEnd() const;
     bool isRowEnd() const;
     NodeId subscript();
@@ -69,7 +69,7 @@ private:
     NodeId inParens();
     NodeId matrix(zt::orvex::NodeKind kind, TokenKind closer);
     NodeId row();
-    bool continuesRow();
+    bool rowHasAnotherElement();
     NodeId functionHandle();
     NodeId onName(zt::orvex::UnaryOperator op);
     NodeId anonymousFunction(std::size_t begin);

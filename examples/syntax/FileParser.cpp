@@ -28,7 +28,7 @@ NodeId FileParser::parse() {
     return state.builder.node(NodeKind::Program, {0, state.source.size()}, {program.store()});
 }
 
-/// The statements of the script, for the list under way. They are read again until it is known
+/// Appends the statements of the script to the innermost list. Parses them again until it is known
 /// which names are variables.
 void FileParser::script() {
     VariableGuess guess;
@@ -38,7 +38,7 @@ void FileParser::script() {
     NodeList own(state);
     while (true) {
         scriptOnce(own);
-        if (!guess.startAnotherLook()) break;
+        if (!guess.startAnotherPass()) break;
         state.goBack(mark);
         own.clear();
     }
@@ -64,20 +64,20 @@ void FileParser::tail(NodeList& program) {
             program.add(function(Owner::File));
         } else if (state.is(Keyword::Class)) {
             if (program.size() > 0) {
-                state.report(state.token().begin, "a class stands alone in its file");
+                state.report(state.token().begin, "a class must be alone in its file");
             }
             program.add(classDefinition());
-            skipBehindClass();
+            skipAfterClass();
         } else {
-            statementsBehind();
+            statementsAfterFunctions();
         }
     }
 }
 
-void FileParser::statementsBehind() {
+void FileParser::statementsAfterFunctions() {
     const bool isEmpty = state.is(TokenKind::Semicolon) || state.is(TokenKind::Comma);
     if (!isEmpty) {
-        state.report(state.token().begin, "statements stand behind the functions of a file");
+        state.report(state.token().begin, "statements must precede the functions of a file");
     }
     script();
 }
@@ -90,7 +90,7 @@ NodeId FileParser::function(Owner owner) {
     const ParserState::Mark mark = state.mark();
     while (true) {
         const NodeId node = functionOnce(owner);
-        if (!guess.startAnotherLook()) return node;
+        if (!guess.startAnotherPass()) return node;
         state.goBack(mark);
     }
 }
@@ -169,8 +169,8 @@ void FileParser::writeParameters(const Signature& of) {
     }
 }
 
-/// The body. An `end` too many would end the function early and leave the rest of it behind: where
-/// another `end` follows that has nothing else to close, the one at hand is what is wrong.
+/// The body. An `end` too many would end the function early and cut off the rest of it: if a later
+/// `end` has nothing else to close, the current one is the mistake.
 void FileParser::members(NodeList& list, Owner owner) {
     statements.statementsInto(list);
     while (state.is(Keyword::End) && isExtraEnd(owner)) {
@@ -179,8 +179,8 @@ void FileParser::members(NodeList& list, Owner owner) {
     }
 }
 
-/// Whether more `end`s follow than the `end` at hand leaves blocks to close, up to the next
-/// function.
+/// Whether more `end`s follow, up to the next function, than there are blocks left to close after
+/// the current `end`.
 bool FileParser::isExtraEnd(Owner owner) const {
     OutsideBrackets ahead(state.lookAhead());
     std::size_t unmatched = 0;
@@ -190,8 +190,8 @@ bool FileParser::isExtraEnd(Owner owner) const {
         const bool isAtEnd = token.kind == TokenKind::EndOfFile ||
                              token.keyword == Keyword::Function || token.keyword == Keyword::Class;
         if (isAtEnd) {
-            // In a class, its last method leaves the block of methods and the class to close; a
-            // method in front of a further block leaves the one that it is in.
+            // After the last method of a class, the block of methods and the class are still
+            // open; after a method before another block, only its own block is.
             const bool isLast = token.kind == TokenKind::EndOfFile;
             const std::size_t expected = owner == Owner::File ? 0 : isLast ? 2 : depth;
             return unmatched > expected;
@@ -269,7 +269,7 @@ NodeId FileParser::propertyDefinition() {
         {TreeBuilder::one(name), TreeBuilder::maybe(validated), TreeBuilder::maybe(value)});
 }
 
-/// `(1,:) type {check, check}`, of which any part may be missing; 0 if all are.
+/// `(1,:) type {check, check}`, each part optional; 0 if there is none.
 NodeId FileParser::validation() {
     const std::size_t begin = state.token().begin;
     const bool hasSizes = state.is(TokenKind::LeftParen);
@@ -282,7 +282,7 @@ NodeId FileParser::validation() {
                               {sizes, TreeBuilder::maybe(type), checked});
 }
 
-/// `name` or `package.name`; 0 when there is none.
+/// `name` or `package.name`; 0 if there is none.
 NodeId FileParser::typeName() {
     if (!state.is(TokenKind::Identifier)) return 0;
     const std::size_t begin = state.token().begin;
@@ -297,7 +297,7 @@ NodeId FileParser::typeName() {
 }
 
 Field FileParser::checks() {
-    const Scoped<bool> inBraces(state.partedByBlanks, false);
+    const Scoped<bool> inBraces(state.separatedByBlanks, false);
     state.openBracket();
     return expressions.expressionsTo(TokenKind::RightBrace);
 }
@@ -327,14 +327,14 @@ NodeId FileParser::classDefinition() {
         {head.attributes, TreeBuilder::one(head.name), head.superclasses, members.store()});
 }
 
-void FileParser::skipBehindClass() {
+void FileParser::skipAfterClass() {
     skipSeparators();
     if (state.is(TokenKind::EndOfFile)) return;
     state.report(state.token().begin, "nothing may follow the class");
-    state.skipBehind(state.source.size());
+    state.skipTo(state.source.size());
 }
 
-/// Whether the `end` at hand leaves a further one that would close nothing.
+/// Whether a later `end` would close nothing if the current one closed the class.
 bool FileParser::isExtraEndOfClass() const {
     OutsideBrackets ahead(state.lookAhead());
     std::size_t depth = 0;
@@ -422,27 +422,27 @@ NodeId FileParser::classBlock() {
     return node;
 }
 
-/// Functions outside of a block of methods: the block before them has no `end`, which is reported
-/// already, and its own was meant to be the one of the methods; or there is no block at all.
+/// Functions outside a block of methods. Either the block before them lacks its `end`, which has
+/// been reported, and the `end` after them was meant for the methods; or there is no block at all.
 NodeId FileParser::methodsWithoutBlock() {
     const std::size_t begin = state.token().begin;
     const bool isReported = state.token().begin == missingEndAt;
-    if (!isReported) state.report(begin, "a method stands in a block of methods");
+    if (!isReported) state.report(begin, "a method must be in a 'methods' block");
     const Field content = methods();
     if (isReported) statements.closeBlock(begin, "methods");
     return state.builder.node(NodeKind::MethodsBlock, state.extentFrom(begin), {content, {0, 0}});
 }
 
-/// Something that has no place between the blocks of a class: skipped, as a block if it looks like
+/// Skips something that doesn't belong between the blocks of a class, as a block if it looks like
 /// the head of one.
 void FileParser::unknownMember() {
     const std::size_t begin = state.token().begin;
     OutsideBrackets ahead(state.lookAhead());
-    Token behind = ahead.next();
-    if (behind.kind == TokenKind::RightParen) behind = ahead.next();
+    Token next = ahead.next();
+    if (next.kind == TokenKind::RightParen) next = ahead.next();
     const bool isName = state.is(TokenKind::Identifier);
     const bool isBlock =
-        (isName && behind.kind == TokenKind::LineEnd) || beginsBlock(state.token().keyword);
+        (isName && next.kind == TokenKind::LineEnd) || beginsBlock(state.token().keyword);
     statements.attempt([&] {
         if (isBlock) skipUnknownBlock();
         if (!isBlock) state.advance();
@@ -459,7 +459,7 @@ void FileParser::skipUnknownBlock() {
         if (beginsBlock(token.keyword) || token.keyword == Keyword::Function) ++depth;
         if (token.keyword == Keyword::End) --depth;
     }
-    state.skipBehind(token.end);
+    state.skipTo(token.end);
 }
 
 Field FileParser::methods() {
@@ -481,7 +481,7 @@ Field FileParser::methods() {
 NodeId FileParser::methodDeclaration() {
     const std::size_t begin = state.token().begin;
     const Scoped<ScopeId> inMethod(state.scope, state.builder.scope(ScopeKind::Function, u""));
-    passOverKeyword("a method");
+    skipKeyword("a method");
     Signature head;
     signature(head);
     const Extent extent = state.extentFrom(begin);
@@ -510,7 +510,7 @@ NodeId FileParser::enumerationMember() {
 
 // What blocks have in common
 
-/// The attributes in the head of a block, and the end of that head.
+/// The attributes in the head of a block, to the end of that head.
 Field FileParser::headAttributes() {
     Field result{0, 0};
     const bool isRight = statements.attempt([&] {
@@ -524,7 +524,7 @@ Field FileParser::headAttributes() {
 Field FileParser::attributes() {
     NodeList list(state);
     if (!state.is(TokenKind::LeftParen)) return list.store();
-    const Scoped<bool> inParens(state.partedByBlanks, false);
+    const Scoped<bool> inParens(state.separatedByBlanks, false);
     state.openBracket();
     do {
         list.add(attribute());
@@ -542,7 +542,7 @@ NodeId FileParser::attribute() {
                               {TreeBuilder::one(name), TreeBuilder::maybe(value)});
 }
 
-/// Entries on lines of their own, each as `read` reads it, up to the `end` of their block.
+/// Reads entries with `read`, one to a line, up to the `end` of their block.
 Field FileParser::entries(Reader read) {
     NodeList list(state);
     while (true) {
@@ -571,15 +571,15 @@ bool FileParser::isWord(std::u16string_view word) const {
 }
 
 void FileParser::expectName(const char* what) {
-    passOverKeyword(what);
+    skipKeyword(what);
     if (!state.is(TokenKind::Identifier)) {
         state.fail(std::string("expected ") + what + ", found " + state.found());
     }
 }
 
-/// A keyword where a name is due is meant as one: it is passed over with the error, so that it
-/// opens and closes nothing.
-void FileParser::passOverKeyword(const char* what) {
+/// A keyword where a name is due is meant as a name: it is skipped with an error, so that it opens
+/// and closes nothing.
+void FileParser::skipKeyword(const char* what) {
     if (!state.is(TokenKind::Keyword)) return;
     const std::size_t begin = state.token().begin;
     const std::string message =

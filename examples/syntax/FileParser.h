@@ -11,13 +11,13 @@
 
 namespace ostrel {
 
-/// Reads a file: a script with functions behind it, functions alone, or a class.
+/// Parses a file: a script followed by functions, functions alone, or a class.
 class FileParser {
 public:
     explicit FileParser(const SourceText& source)
         : state(source), expressions(state), statements(state, expressions) {}
 
-    /// Reads all of it, once, and gives the Program.
+    /// Parses the whole file and returns its Program. Call it only once.
     NodeId parse();
 
     ParserState state;
@@ -39,8 +39,8 @@ private:
     void script();
     void scriptOnce(NodeList& list);
     void tail(NodeList& program);
-    void statementsBehind();
-    void skipBehindClass();
+    void statementsAfterFunctions();
+    void skipAfterClass();
 
     // Functions
     NodeId function(Owner owner);
@@ -89,12 +89,12 @@ private:
     void skipSeparators();
     bool isWord(std::u16string_view word) const;
     void expectName(const char* what);
-    void passOverKeyword(const char* what);
+    void skipKeyword(const char* what);
 
     ExpressionParser expressions;
     StatementParser statements;
     ScopeId scriptScope = 0;
-    std::size_t missingEndAt = Lexer::NONE; ///< The function that stands where an `end` is missing.
+    std::size_t missingEndAt = Lexer::NONE; ///< The function found in place of a missing `end`.
 };
 
 } // namespace ostrel

@@ -43,7 +43,7 @@ struct PunctuationRow {
     TokenKind kind;
 };
 
-// The longer of two spellings that begin alike stands first.
+// Of two spellings with a common prefix, the longer comes first.
 constexpr std::array<PunctuationRow, 36> PUNCTUATION{{
     {u",", TokenKind::Comma},          {u";", TokenKind::Semicolon},
     {u"(", TokenKind::LeftParen},      {u")", TokenKind::RightParen},
@@ -71,12 +71,11 @@ bool isExponentMark(char16_t unit) {
     return unit == u'e' || unit == u'E' || unit == u'd' || unit == u'D';
 }
 
-/// Whether the point at `at`, behind a number's digits, is the number's own.
+/// Whether the point at `at`, which follows digits, belongs to the number.
 bool isPointOfNumber(const SourceText& source, std::size_t at) {
     if (source.at(at) != u'.') return false;
-    const char16_t behind = source.at(at + 1);
-    const bool isOperator =
-        std::u16string_view(u"*/\\^'").find(behind) != std::u16string_view::npos;
+    const char16_t next = source.at(at + 1);
+    const bool isOperator = std::u16string_view(u"*/\\^'").find(next) != std::u16string_view::npos;
     const bool isContinued = isContinuation(source, at) && source.at(at + 3) != u'.';
     return !isOperator && !isContinued;
 }
@@ -93,7 +92,7 @@ std::size_t skipName(const SourceText& source, std::size_t at) {
     return at;
 }
 
-/// Behind an exponent such as `e-3`, or `at` when there is none with digits.
+/// The offset after an exponent such as `e-3`; `at` if there is none with digits.
 std::size_t skipExponent(const SourceText& source, std::size_t at) {
     if (!isExponentMark(source.at(at))) return at;
     const std::size_t digits = at + (isSign(source.at(at + 1)) ? 2U : 1U);
@@ -179,13 +178,13 @@ bool Lexer::isAloneOnLine(std::size_t begin, std::size_t length) const {
     while (before > 0 && isBlank(source->at(before - 1)))
         --before;
     if (before > 0 && !isLineEnd(source->at(before - 1))) return false;
-    std::size_t behind = begin + length;
-    while (isBlank(source->at(behind)))
-        ++behind;
-    return isEndOfLine(*source, behind);
+    std::size_t after = begin + length;
+    while (isBlank(source->at(after)))
+        ++after;
+    return isEndOfLine(*source, after);
 }
 
-/// Goes from the `%{` at `at` to the end of the line of its `%}`, line by line.
+/// Skips from the `%{` at `at` to the end of the line with its `%}`, line by line.
 void Lexer::skipBlockComment() {
     const std::size_t opening = at;
     std::size_t depth = 0;
@@ -237,7 +236,7 @@ Token Lexer::scanName() const {
     return result;
 }
 
-/// Takes letters and further points along, so that a malformed number is one token.
+/// Includes letters and further points, so that a malformed number is one token.
 Token Lexer::scanNumber() const {
     std::size_t end = skipDigits(*source, at);
     if (isPointOfNumber(*source, end)) end = skipDigits(*source, end + 1);

@@ -11,24 +11,24 @@
 
 namespace ostrel {
 
-/// The keyword that `name` is, or `Keyword::None`.
+/// The keyword spelled `name`, or `Keyword::None`.
 Keyword keywordOf(std::u16string_view name);
 
-/// The operator or bracket that begins at `at`, the longest one; `Unknown` with length 1 when there
-/// is none. A quote is no operator here.
+/// The longest operator or bracket that begins at `at`; `Unknown` with length 1 if there is none.
+/// A quote doesn't count as an operator.
 struct Punctuation {
     TokenKind kind;
     std::size_t length;
 };
 Punctuation punctuationAt(const SourceText& source, std::size_t at);
 
-/// Cuts a source text into tokens, one at a call, leaving out blanks, continuations and comments.
+/// Splits a source text into tokens, one per call, without blanks, continuations and comments.
 ///
-/// Where the grammar depends on context, the parser decides: it sees which tokens have blanks
-/// before them, and `seek`s behind what it has read on its own, such as the words of a command. The
-/// lexer itself knows one thing of context: whether a `'` is a quote or the transpose operator.
+/// Where the grammar depends on context, the parser decides: it sees which tokens follow a blank,
+/// and `seek`s past what it reads on its own, such as the words of a command. The lexer itself
+/// tracks only whether a `'` is a quote or the transpose operator.
 ///
-/// A copy is cheap and reads on from the same place; that is how to look ahead. The text must
+/// To look ahead, copy the lexer; a copy is cheap and continues at the same place. The text must
 /// outlive the lexer and its copies.
 class Lexer {
 public:
@@ -38,17 +38,17 @@ public:
 
     Token next();
 
-    /// Goes on at `offset`, outside of all brackets.
+    /// Continues at `offset`, as if outside all brackets.
     void seek(std::size_t offset);
 
-    /// Where the next token is looked for.
+    /// Where the search for the next token starts.
     std::size_t position() const { return at; }
 
-    /// Gathers the offsets of pragma comments in `offsets` from here on; a comment that is read
-    /// twice is kept once.
+    /// From here on, collects the offsets of pragma comments in `offsets`, each once, however often
+    /// it is read.
     void keepPragmas(std::vector<std::size_t>* offsets) { pragmas = offsets; }
 
-    /// Where a block comment begins that the text does not close, or NONE.
+    /// The beginning of a block comment that the text doesn't close, or NONE.
     std::size_t openComment() const { return openCommentAt; }
 
 private:
@@ -67,7 +67,7 @@ private:
     const SourceText* source;
     std::vector<std::size_t>* pragmas = nullptr;
     std::size_t at = 0;
-    std::size_t previousEnd = NONE; ///< The end of the token before, if it is an operand's last.
+    std::size_t previousEnd = NONE; ///< The end of the previous token if an operand may end there.
     std::size_t openCommentAt = NONE;
     std::size_t bracketDepth = 0;
 };

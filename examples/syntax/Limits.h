@@ -4,19 +4,19 @@
 
 namespace ostrel {
 
-// How deep a program may nest. Parser, walkers, analyses and printer recurse on the tree, so its
-// height is bounded; what goes beyond gets an error. The highest tree that these limits admit is
-// read, analysed and printed within 2 MiB of stack in an ordinary debug build and within 3 MiB
-// under AddressSanitizer (measured); 8 MiB is what a thread has by default.
+// How deep a program may nest. The parser, the walkers, the analyses and the printer recurse on the
+// tree, so its height is bounded, and text beyond the bound is an error. A default stack of 8 MiB
+// must hold the recursion on the highest tree that the limits admit, in a debug build and under
+// AddressSanitizer too; ParsedFileRobustnessTest has such trees.
 
-/// How deep an expression may nest: operators, brackets and calls together, as levels of the tree.
-/// A chain counts as well: `a + a + ... + a` is a tree as high as it has operators.
+/// How deep an expression may nest, in levels of the tree: operators, brackets and calls together.
+/// A chain such as `a + a + ... + a` has a level for each operator.
 constexpr std::size_t MAX_EXPRESSION_HEIGHT = 2000;
 
-/// How deep statements may nest in each other. A block takes up to three levels of the tree.
+/// How deep statements may nest. A block takes up to three levels of the tree.
 constexpr std::size_t MAX_BLOCK_NESTING = 400;
 
-/// No tree that the parser builds is higher.
+/// The height that no tree from the parser exceeds.
 constexpr std::size_t MAX_TREE_HEIGHT = MAX_EXPRESSION_HEIGHT + 3 * MAX_BLOCK_NESTING + 10;
 
 } // namespace ostrel

@@ -32,7 +32,7 @@ const char* checkNumber(std::u16string_view text) {
     case LiteralValidationResult::Valid:
         return nullptr;
     case LiteralValidationResult::TooManyDigits:
-        return "the number has more digits than its type holds";
+        return "the number has more digits than its type can hold";
     case LiteralValidationResult::Malformed:
         break;
     }

@@ -4,7 +4,7 @@
 
 namespace ostrel {
 
-/// What is wrong with a text that begins like a number; null when nothing is.
+/// What is wrong with a token that begins like a number; null if nothing is.
 const char* checkNumber(std::u16string_view text);
 
 } // namespace ostrel

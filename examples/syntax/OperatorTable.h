@@ -6,7 +6,7 @@
 
 namespace ostrel {
 
-/// How tightly operators bind: the higher, the tighter. All binary ones group to the left.
+/// Precedence levels; a higher level binds tighter. All binary operators group to the left.
 namespace level {
 constexpr int LOOSEST = 1;
 constexpr int COLON = 6;
@@ -16,7 +16,7 @@ constexpr int PREFIX = 9;
 struct BinaryRow {
     TokenKind token;
     int level;
-    zt::orvex::BinaryOperator op; ///< Of no meaning for `:`, which has a node kind of its own.
+    zt::orvex::BinaryOperator op; ///< Unused for `:`, which has a node kind of its own.
 };
 
 constexpr BinaryRow BINARY_OPERATORS[] = {
@@ -41,7 +41,7 @@ constexpr BinaryRow BINARY_OPERATORS[] = {
     {TokenKind::DotBackslash, 8, zt::orvex::BinaryOperator::ElementLeftDivide},
 };
 
-/// Level 10: what stands between an operand and what it is raised to.
+/// Level 10.
 constexpr BinaryRow POWER_OPERATORS[] = {
     {TokenKind::Caret, 10, zt::orvex::BinaryOperator::MatrixPower},
     {TokenKind::DotCaret, 10, zt::orvex::BinaryOperator::ElementPower},
@@ -52,7 +52,7 @@ struct UnaryRow {
     zt::orvex::UnaryOperator op;
 };
 
-/// Level 9, and behind a power operator.
+/// Level 9, and after a power operator.
 constexpr UnaryRow PREFIX_OPERATORS[] = {
     {TokenKind::Plus, zt::orvex::UnaryOperator::UnaryPlus},
     {TokenKind::Minus, zt::orvex::UnaryOperator::UnaryMinus},
@@ -65,7 +65,7 @@ constexpr UnaryRow TRANSPOSE_OPERATORS[] = {
     {TokenKind::DotApostrophe, zt::orvex::UnaryOperator::DotApostrophe},
 };
 
-/// The row of a token in one of the tables; null when it has none.
+/// The row of `token` in one of the tables; null if there is none.
 template <typename Table>
 constexpr auto findRow(const Table& table, TokenKind token) -> decltype(&table[0]) {
     for (const auto& row : table) {

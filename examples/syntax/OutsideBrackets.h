@@ -7,10 +7,10 @@
 
 namespace ostrel {
 
-/// Gives the tokens that stand outside of all brackets, and the brackets that close the outermost.
+/// Yields the tokens outside all brackets, and the brackets that close the outermost ones.
 ///
-/// A line end closes what is still open: this serves to find the shape of a text, also of a wrong
-/// one.
+/// A line end closes everything that is still open, so that the shape of an erroneous text can be
+/// found too.
 class OutsideBrackets {
 public:
     explicit OutsideBrackets(const Lexer& from, std::size_t openBrackets = 0)

@@ -22,7 +22,7 @@ const char* spelling(TokenKind bracket) {
     }
 }
 
-/// Follows a token through a stack of open brackets.
+/// Updates a stack of open brackets with a token.
 void track(std::vector<TokenKind>& open, TokenKind token) {
     if (isOpeningBracket(token)) open.push_back(token);
     if (isClosingBracket(token) && !open.empty()) open.pop_back();
@@ -94,7 +94,7 @@ void ParserState::recoverFrom(const SyntaxError& error) {
     const std::size_t end = open.empty() ? current.begin : findClosers(kinds);
     if (end != Lexer::NONE) {
         report(error.offset, error.message);
-        skipBehind(end);
+        skipTo(end);
         skipToStatementEnd();
         return;
     }
@@ -109,7 +109,7 @@ void ParserState::recoverFrom(const SyntaxError& error) {
     leaveOpenBrackets(open);
 }
 
-/// Whether a token cannot stand where brackets are open: then they stay open.
+/// Whether a token can't occur inside open brackets, and so shows that they are never closed.
 bool ParserState::showsOpenBracket(const Token& token, const Token& before, TokenKind innermost) {
     const bool isInParens = innermost == TokenKind::LeftParen;
     switch (token.kind) {
@@ -126,7 +126,7 @@ bool ParserState::showsOpenBracket(const Token& token, const Token& before, Toke
     }
 }
 
-/// Where the last of the open brackets is closed, from the current token on; NONE if it is not.
+/// Where the outermost of the open brackets is closed, from the current token on, or NONE.
 std::size_t ParserState::findClosers(std::vector<TokenKind> open) {
     Lexer ahead = lookAhead();
     Token before;
@@ -139,7 +139,7 @@ std::size_t ParserState::findClosers(std::vector<TokenKind> open) {
     return before.end;
 }
 
-void ParserState::skipBehind(std::size_t end) {
+void ParserState::skipTo(std::size_t end) {
     while (current.begin < end)
         advance();
 }
@@ -154,7 +154,7 @@ void ParserState::skipToStatementEnd() {
         } else if (is(TokenKind::LineEnd)) {
             const std::size_t end = findClosers(open);
             if (end == Lexer::NONE) return;
-            skipBehind(end);
+            skipTo(end);
             open.clear();
             continue;
         }
@@ -163,8 +163,8 @@ void ParserState::skipToStatementEnd() {
     }
 }
 
-/// Goes back to where the line of the outermost bracket ends, unless too much of the text has been
-/// read more than once already: then the rest of the current line is skipped instead.
+/// Goes back to the end of the line with the outermost bracket. If too much of the text has been
+/// read more than once already, skips the rest of the current line instead.
 void ParserState::leaveOpenBrackets(const std::vector<OpenBracket>& open) {
     const std::size_t outermost = open.front().offset;
     if (linesRead > open.front().line && spend(current.begin - outermost)) seek(outermost);
@@ -201,7 +201,7 @@ std::string ParserState::found() const {
     case TokenKind::LineEnd:
         return "the end of the line";
     case TokenKind::OpenText:
-        return "a text that is not closed";
+        return "an unclosed quoted text";
     default: {
         const std::u16string_view token = text(current);
         if (token.size() > LONGEST) return "'" + toUtf8(token.substr(0, LONGEST)) + "...'";
@@ -218,7 +218,7 @@ NodeId ParserState::leafOfToken(NodeKind kind) {
     return node;
 }
 
-/// A name in the text of the scope, unless it is a parameter of an anonymous function around it.
+/// A name of the current scope, or a parameter of an enclosing anonymous function.
 NodeId ParserState::identifierOfToken(Role role) {
     if (role == Role::Label) return identifierOfToken(role, 0);
     const auto parameter = parameters.find(builder.intern(text(current)));

@@ -17,16 +17,16 @@
 
 namespace ostrel {
 
-/// A parfor or spmd statement that has been read, and the scope it stands in.
+/// A parfor or spmd statement, and the scope that contains it.
 struct FoundConstruct {
     NodeId node;
     ScopeId scope;
 };
 
-/// What the parts of the parser share: the current token, the tree so far, and what is wrong.
+/// What the parts of the parser share: the current token, the tree so far, and the errors.
 ///
-/// Everything that reading produces can be taken back to a `Mark`, which is what a second look at a
-/// scope and a discarded statement need.
+/// All of it can be rolled back to a `Mark`, for a second pass over a scope and for a discarded
+/// statement.
 class ParserState {
 public:
     explicit ParserState(const SourceText& text);
@@ -38,33 +38,33 @@ public:
     void advance();
     bool accept(TokenKind kind);
     void expect(TokenKind kind, const char* message);
-    /// Reads on behind the current token, without effect on the parser.
+    /// A lexer that reads on after the current token, without effect on the parser.
     Lexer lookAhead() const;
-    /// The token behind the current one.
+    /// The token after the current one.
     Token peek() const { return lookAhead().next(); }
     void seek(std::size_t offset);
-    /// Goes on at the first token that begins at `end` or behind it.
-    void skipBehind(std::size_t end);
+    /// Advances to the first token that begins at `end` or later.
+    void skipTo(std::size_t end);
     std::u16string_view text(const Token& token) const;
-    /// Where the token before the current one ends.
+    /// The end of the previous token.
     std::size_t previousEnd() const { return lastEnd; }
 
-    // Brackets that are open in the statement under way
+    // Brackets that are open in the current statement
     void openBracket();
     void closeBracket(TokenKind closer);
-    /// Reports the error, and goes on to the end of the statement that it ends: to `;`, `,`, a line
-    /// end or a keyword.
+    /// Reports the error and skips to the end of its statement: to `;`, `,`, a line end or a
+    /// keyword.
     ///
-    /// A bracket that is not closed would swallow the lines below. So when an error occurs with
-    /// brackets open, this looks ahead for their closers; when a line shows that they never come,
-    /// the open bracket is what is wrong, and reading goes on below the line of the outermost one.
+    /// An unclosed bracket would swallow the lines below it. So if brackets are open at the error,
+    /// this looks ahead for their closers. If a line shows that they never come, the open bracket
+    /// is the mistake, and parsing resumes on the line after that of the outermost one.
     void recoverFrom(const SyntaxError& error);
 
     // Errors
     [[noreturn]] void fail(const std::string& message) const;
     [[noreturn]] void failAt(std::size_t offset, const std::string& message) const;
     void report(std::size_t offset, const std::string& message);
-    /// What the current token is, for a message.
+    /// The current token, as an error message names it.
     std::string found() const;
 
     // Nodes
@@ -74,7 +74,7 @@ public:
     NodeId label(std::u16string_view name, std::size_t offset);
     NodeId implicitAns(std::size_t offset);
     Extent extentFrom(std::size_t begin) const { return {begin, std::max(begin, lastEnd)}; }
-    /// Makes the symbol of an identifier a variable of its scope.
+    /// Makes the identifier's symbol a variable of its scope.
     void write(NodeId identifier);
     bool isVariable(std::u16string_view name);
 
@@ -86,22 +86,22 @@ public:
         std::size_t offset;
     };
     Mark mark() const;
-    /// Forgets the nodes and constructs made since, but nothing else.
+    /// Drops the nodes and constructs made since `mark`, and nothing else.
     void forgetNodes(const Mark& mark);
-    /// Forgets what was read since, and goes back to read it again.
+    /// Drops everything produced since `mark`, and goes back to parse it again.
     void goBack(const Mark& mark);
 
     const SourceText& source;
     TreeBuilder builder;
-    std::vector<NodeId> scratch; ///< Of the `NodeList`s.
+    std::vector<NodeId> scratch; ///< The stack of the `NodeList`s.
     std::vector<Diagnostic> diagnostics;
     std::vector<std::size_t> pragmas;
     std::vector<FoundConstruct> constructs;
-    ScopeId scope = 0;                              ///< Of the function or script under way.
-    std::unordered_map<NameId, ScopeId> parameters; ///< Of the anonymous functions under way.
-    VariableGuess* variables = nullptr;             ///< Of the scope under way.
-    bool partedByBlanks = false;                    ///< Whether a blank may end an element.
-    std::size_t subscriptDepth = 0;                 ///< Whether `end` may stand for an index.
+    ScopeId scope = 0;                              ///< Of the current function or script.
+    std::unordered_map<NameId, ScopeId> parameters; ///< Of the open anonymous functions.
+    VariableGuess* variables = nullptr;             ///< Of the current scope.
+    bool separatedByBlanks = false;                 ///< Whether a blank may end an element.
+    std::size_t subscriptDepth = 0;                 ///< `end` is an index if this isn't 0.
 
     std::size_t openComment() const { return lexer.openComment(); }
 
@@ -126,8 +126,8 @@ private:
     std::size_t rereadBudget;
 };
 
-/// A list of nodes under construction, kept on one stack shared by all lists: no allocation for
-/// each. A list that is begun later must be gone before an earlier one grows.
+/// A list of nodes under construction. All lists share one stack, so that none allocates on its
+/// own; a list must be gone before one that was begun earlier grows.
 class NodeList {
 public:
     explicit NodeList(ParserState& of) : state(of), base(of.scratch.size()) {}
@@ -136,7 +136,7 @@ public:
     NodeList& operator=(const NodeList&) = delete;
 
     void add(NodeId node) { state.scratch.push_back(node); }
-    /// Leaves the nodes to the list that was begun before.
+    /// Hands the nodes to the list that was begun before this one.
     void moveIntoOuter() { base = state.scratch.size(); }
     void clear() { state.scratch.resize(base); }
     std::size_t size() const { return state.scratch.size() - base; }
@@ -147,7 +147,7 @@ private:
     std::size_t base;
 };
 
-/// Sets a value for as long as it lives, and puts the old one back.
+/// Sets a variable while it lives, and then restores the old value.
 template <typename T>
 class Scoped {
 public:

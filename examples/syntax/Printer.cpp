@@ -14,7 +14,7 @@ using namespace zt::orvex;
 
 namespace {
 
-/// Prints nodes one behind the other; a statement prints its line without the line end.
+/// Prints nodes in order; a statement prints its line without the line end.
 class Printer {
 public:
     explicit Printer(const Tree& of) : tree(of) {}
@@ -27,8 +27,8 @@ public:
 private:
     using Handler = void (Printer::*)(NodeView);
 
-    /// The overload for a kind. A call through a table keeps a level of the tree to small frames:
-    /// one function with all cases has a frame with the locals of all.
+    /// Calls the overload for the kind, through a table, which keeps the frames of the recursion
+    /// small: one function with all cases would have the locals of all.
     void node(NodeView of) { (this->*HANDLERS[static_cast<std::size_t>(of.getKind())])(of); }
 
     template <typename View>
@@ -67,7 +67,7 @@ private:
         --indent;
     }
 
-    /// A block's body behind its head, whose line is still open.
+    /// The body of a block, after its head, whose line is still open.
     template <typename Range>
     void body(const Range& range) {
         text += '\n';
@@ -115,7 +115,7 @@ private:
         node(operand);
     }
 
-    // Nodes, one overload for each kind: a kind without one does not compile.
+    // Nodes, one overload for each kind: a kind without one doesn't compile.
 
     void print(ArgumentDeclarationView of) {
         declaration(of.getArgumentDeclarationName(), of.getArgumentDeclarationPart1(),
@@ -226,7 +226,7 @@ private:
     }
     void print(ColonView) { text += ':'; }
     void print(DiscardedExpressionView) {
-        text += "0x"; // A number that is none is discarded by itself.
+        text += "0x"; // A malformed number is discarded alone.
     }
     void print(DotOperationView of) { pair(of.getDotBase(), ".", of.getDotField()); }
     void print(DynamicFieldOperationView of) {
@@ -276,12 +276,12 @@ private:
     }
 
     void print(UnaryOperationView of) {
-        if (!isBehind(of.getUnaryOperator())) sign(of.getUnaryOperator());
+        if (!isPostfix(of.getUnaryOperator())) sign(of.getUnaryOperator());
         node(of.getUnaryOperand());
-        if (isBehind(of.getUnaryOperator())) sign(of.getUnaryOperator());
+        if (isPostfix(of.getUnaryOperator())) sign(of.getUnaryOperator());
     }
 
-    static bool isBehind(UnaryOperator op) {
+    static bool isPostfix(UnaryOperator op) {
         return op == UnaryOperator::Apostrophe || op == UnaryOperator::DotApostrophe;
     }
 

@@ -6,10 +6,11 @@
 
 namespace ostrel {
 
-/// The program as source text in UTF-8, laid out afresh: a statement to a line, blocks indented.
+/// The program as source text in UTF-8, in a layout of its own: one statement per line, blocks
+/// indented.
 ///
-/// Parsing the text gives the same tree again, if the program had no errors. What was discarded is
-/// printed as something that is discarded again. Comments are not in the tree and are lost.
+/// If the program had no errors, parsing the text yields the same tree again. Discarded nodes print
+/// as text that is discarded again. Comments aren't in the tree and are lost.
 std::string printSource(const Tree& tree);
 
 } // namespace ostrel

@@ -12,7 +12,7 @@ using zt::orvex::NodeKind;
 
 namespace {
 
-bool goesOnWithBlock(Keyword keyword) {
+bool continuesBlock(Keyword keyword) {
     switch (keyword) {
     case Keyword::Case:
     case Keyword::Catch:
@@ -25,7 +25,7 @@ bool goesOnWithBlock(Keyword keyword) {
     }
 }
 
-/// Whether `keyword` may follow in a block whose body is `block`'s.
+/// Whether `keyword` may follow a body that `block` has begun.
 bool mayFollow(Keyword keyword, Keyword block) {
     switch (keyword) {
     case Keyword::Case:
@@ -48,15 +48,15 @@ void StatementParser::statementsInto(NodeList& list) {
         }
         const bool isEnd = state.is(TokenKind::EndOfFile) || state.is(Keyword::End) ||
                            state.is(Keyword::Function) || state.is(Keyword::Class) ||
-                           goesOnWithOpenBlock();
+                           continuesOpenBlock();
         if (isEnd) return;
         list.add(statement());
     }
 }
 
-bool StatementParser::goesOnWithOpenBlock() const {
+bool StatementParser::continuesOpenBlock() const {
     const Keyword keyword = state.token().keyword;
-    return goesOnWithBlock(keyword) &&
+    return continuesBlock(keyword) &&
            std::any_of(openBlocks.begin(), openBlocks.end(),
                        [=](Keyword block) { return mayFollow(keyword, block); });
 }
@@ -77,10 +77,10 @@ NodeId StatementParser::statement() {
     if (beginsBlock(state.token().keyword)) {
         return openBlocks.size() < MAX_BLOCK_NESTING ? block() : discardBlock();
     }
-    if (goesOnWithBlock(state.token().keyword)) {
-        return reject(state.found() + " stands outside of its block");
+    if (continuesBlock(state.token().keyword)) {
+        return reject(state.found() + " is outside its block");
     }
-    if (isClosingBracket(state.token().kind)) return reject("nothing is open for " + state.found());
+    if (isClosingBracket(state.token().kind)) return reject(state.found() + " closes nothing");
     NodeId result = 0;
     const bool isRight = attempt([&] { result = simple(); });
     return isRight ? result : discarded(NodeKind::DiscardedStatement, begin);
@@ -174,7 +174,7 @@ NodeId StatementParser::command() {
 NodeId StatementParser::implicitCommand() {
     const Token mark = state.token();
     const Field commandWords = words(mark.end);
-    if (commandWords.count == 0) state.failAt(mark.begin, "expected a command behind '!'");
+    if (commandWords.count == 0) state.failAt(mark.begin, "expected a command after '!'");
     return state.builder.node(NodeKind::ImplicitCommandStatement, state.extentFrom(mark.begin),
                               {TreeBuilder::one(state.implicitAns(mark.begin)), commandWords});
 }
@@ -189,7 +189,8 @@ Field StatementParser::words(std::size_t from) {
             state.builder.literal(NodeKind::CharacterLiteral, spelling, {word.begin, word.end}));
     }
     state.seek(read.end);
-    if (read.openQuote != Lexer::NONE) state.failAt(read.openQuote, "the text is not closed");
+    if (read.openQuote != Lexer::NONE)
+        state.failAt(read.openQuote, "the quoted text is not closed");
     return list.store();
 }
 
@@ -220,7 +221,7 @@ NodeId StatementParser::expressionStatement(NodeId expression) {
         {TreeBuilder::one(state.implicitAns(node.begin)), TreeBuilder::one(expression)});
 }
 
-/// Whether the bracket at hand is closed on its line and `=` follows.
+/// Whether the current bracket is closed on its line and `=` follows.
 bool StatementParser::isMultiAssignment() const {
     OutsideBrackets ahead(state.lookAhead(), 1);
     const bool isClosed = ahead.next().kind == TokenKind::RightBracket;
@@ -231,7 +232,7 @@ NodeId StatementParser::multiAssignment() {
     const std::size_t begin = state.token().begin;
     NodeList list(state);
     {
-        const Scoped<bool> inBrackets(state.partedByBlanks, true);
+        const Scoped<bool> inBrackets(state.separatedByBlanks, true);
         state.openBracket();
         do {
             list.add(multiTarget());
@@ -255,7 +256,7 @@ NodeId StatementParser::multiTarget() {
 void StatementParser::willWrite(NodeId target) {
     const NodeId name = expressions.assignedName(target);
     if (name == 0) {
-        state.failAt(state.builder.at(target).begin, "nothing can be assigned to this expression");
+        state.failAt(state.builder.at(target).begin, "this expression cannot be assigned to");
     }
     targets.push_back(name);
 }
@@ -308,12 +309,12 @@ void StatementParser::closeBlock(std::size_t opener, const char* keyword) {
     }
 }
 
-/// A leaf for what was skipped.
+/// A leaf in place of what was skipped.
 NodeId StatementParser::discarded(NodeKind kind, std::size_t begin) {
     return state.builder.leaf(kind, {begin, std::max(begin, discardedEnd)});
 }
 
-/// An expression that ends its line, or the like.
+/// An expression and the end of its statement.
 NodeId StatementParser::head() {
     const std::size_t begin = state.token().begin;
     NodeId result = 0;
@@ -381,7 +382,7 @@ NodeId StatementParser::switchStatement() {
         {TreeBuilder::one(subject), cases.store(), TreeBuilder::maybe(otherwise)});
 }
 
-/// No statement has a place between `switch` and its first `case`.
+/// Drops statements between `switch` and its first `case`, where none may be.
 void StatementParser::dropBeforeCase() {
     const auto skipEmpty = [&] {
         const std::size_t before = state.token().begin;
@@ -462,7 +463,7 @@ Field StatementParser::options() {
     Field result{0, 0};
     if (!state.is(TokenKind::LeftParen)) return result;
     const bool isRight = attempt([&] {
-        const Scoped<bool> inParens(state.partedByBlanks, false);
+        const Scoped<bool> inParens(state.separatedByBlanks, false);
         state.openBracket();
         result = expressions.expressionsTo(TokenKind::RightParen);
     });
@@ -495,7 +496,7 @@ NodeId StatementParser::parforStatement() {
     return node;
 }
 
-/// The head of the loop at hand; only that of a `parfor` may have options.
+/// The head of the current loop; only that of a `parfor` may have options.
 StatementParser::LoopHead StatementParser::loopHead() {
     const bool mayHaveOptions = state.is(Keyword::Parfor);
     state.advance();
@@ -519,7 +520,7 @@ StatementParser::LoopHead StatementParser::loopHead() {
 }
 
 void StatementParser::loopHeadInParens(LoopHead& head, bool mayHaveOptions) {
-    const Scoped<bool> inParens(state.partedByBlanks, false);
+    const Scoped<bool> inParens(state.separatedByBlanks, false);
     state.openBracket();
     loopRange(head);
     if (mayHaveOptions && state.accept(TokenKind::Comma)) {
@@ -540,7 +541,7 @@ void StatementParser::loopRange(LoopHead& head) {
     head.expression = expressions.expression();
 }
 
-// What nests too deep
+// What nests too deeply
 
 NodeId StatementParser::discardBlock() {
     const std::size_t begin = state.token().begin;
@@ -552,8 +553,8 @@ NodeId StatementParser::discardBlock() {
     return node;
 }
 
-/// Behind the `end` of the block at hand. When the text ends first, the blocks around it go without
-/// their `end` too, which is not worth another error.
+/// Skips past the `end` of the current block. If the text ends first, the enclosing blocks lack
+/// their `end` too, which isn't worth another error.
 void StatementParser::skipBlock() {
     OutsideBrackets ahead(state.lookAhead());
     Token token;
@@ -564,7 +565,7 @@ void StatementParser::skipBlock() {
         if (beginsBlock(token.keyword)) ++depth;
         if (token.keyword == Keyword::End) --depth;
     }
-    state.skipBehind(isCutOff ? token.begin : token.end);
+    state.skipTo(isCutOff ? token.begin : token.end);
 }
 
 } // namespace ostrel

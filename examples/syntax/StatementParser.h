@@ -12,37 +12,37 @@
 
 namespace ostrel {
 
-/// Reads statements and lists of them.
+/// Parses statements and lists of them.
 ///
-/// What is wrong in a statement is reported, and the statement becomes a DiscardedStatement. What
-/// is wrong in the head of a block becomes a DiscardedExpression, so that the block keeps its
-/// `end`.
+/// An error in a statement is reported, and the statement becomes a DiscardedStatement. After an
+/// error in the head of a block, only the head becomes a DiscardedExpression, so that the block
+/// keeps its `end`.
 class StatementParser {
 public:
     StatementParser(ParserState& shared, ExpressionParser& expressionParser)
         : state(shared), expressions(expressionParser) {}
 
-    /// Must be called where the text of another scope begins.
+    /// Must be called at the beginning of another scope.
     void beginScope() { isCutOff = false; }
 
-    /// Appends statements up to a token that ends the list: `end`, a keyword that goes on with a
-    /// block around it, `function`, `class`, or the end of the file.
+    /// Appends statements up to a token that ends the list: `end`, a keyword that continues an
+    /// enclosing block, `function`, `class`, or the end of the file.
     void statementsInto(NodeList& list);
 
-    /// Takes the `end` of the block whose keyword stands at `opener`, and reports it if missing.
+    /// Consumes the `end` of the block whose keyword is at `opener`; reports it if it is missing.
     void closeBlock(std::size_t opener, const char* keyword);
 
-    /// What ends a statement, behind the `end` that `closeBlock` has taken.
+    /// Consumes what ends a statement, after the `end` that `closeBlock` has consumed.
     void blockEnding();
 
-    /// A statement that goes wrong with its first token: skipped, with an error.
+    /// Reports an error at the first token of a statement, and skips the statement.
     NodeId reject(const std::string& message);
 
-    /// `;`, `,` or a line end, if one follows.
+    /// Consumes `;`, `,` or a line end if one follows.
     void optionalEnding();
 
-    /// Reads something on a line of its own. When it is wrong, reports that, forgets its nodes,
-    /// skips the line and gives false.
+    /// Runs `read` on something that has a line of its own. After a syntax error, reports it, drops
+    /// the nodes, skips the line and returns false.
     template <typename Read>
     bool attempt(Read read) {
         const TreeBuilder::Checkpoint checkpoint = state.builder.checkpoint();
@@ -58,7 +58,7 @@ public:
         }
     }
 
-    /// `;`, `,`, a line end or the end of the file, which must follow.
+    /// Consumes `;`, `,`, a line end or the end of the file, one of which must follow.
     enum class Ending { Silent, Printing };
     Ending ending();
 
@@ -108,17 +108,17 @@ private:
     NodeId head();
     NodeId discarded(zt::orvex::NodeKind kind, std::size_t begin);
     Field body(Keyword block);
-    bool goesOnWithOpenBlock() const;
+    bool continuesOpenBlock() const;
     NodeId discardBlock();
     void skipBlock();
 
     ParserState& state;
     ExpressionParser& expressions;
     std::vector<Keyword> openBlocks;
-    std::vector<NodeId> targets;  ///< What the statement under way writes.
-    std::size_t discardedEnd = 0; ///< Where the last thing ends that was skipped.
+    std::vector<NodeId> targets;  ///< What the current statement writes.
+    std::size_t discardedEnd = 0; ///< The end of what was skipped last.
     bool isBlockClosed = true;    ///< Whether the last block had its `end`.
-    bool isCutOff = false;        ///< The file ended within a block that was skipped.
+    bool isCutOff = false;        ///< Whether the file ended inside a skipped block.
 };
 
 } // namespace ostrel

@@ -5,7 +5,7 @@
 
 namespace ostrel {
 
-/// Thrown within the parser where a statement cannot go on; caught where the next one begins.
+/// Thrown inside the parser where a statement can't continue; caught where the next one begins.
 struct SyntaxError {
     std::size_t offset;
     std::string message;

@@ -12,10 +12,10 @@ enum class TokenKind : std::uint8_t {
     Comma,
     Identifier,
     Keyword,
-    Number,        ///< What begins like a number; whether it is one is asked later.
+    Number,        ///< Begins like a number; checked later.
     CharacterText, ///< '...'
     StringText,    ///< "..."
-    OpenText,      ///< A quote without its partner, and the rest of its line.
+    OpenText,      ///< An unclosed quote and the rest of its line.
     Unknown,       ///< A character that begins no token.
     LeftParen,
     RightParen,
@@ -81,7 +81,7 @@ enum class Keyword : std::uint8_t {
 struct Token {
     TokenKind kind = TokenKind::EndOfFile;
     Keyword keyword = Keyword::None; ///< Of a Keyword; else None.
-    bool blankBefore = false;        ///< Blanks or a continuation stand directly before it.
+    bool blankBefore = false;        ///< Whether blanks or a continuation precede it.
     std::size_t begin = 0;
     std::size_t end = 0;
 };
@@ -96,7 +96,7 @@ constexpr bool isClosingBracket(TokenKind kind) {
            kind == TokenKind::RightBrace;
 }
 
-/// Whether the keyword opens a block of statements that an `end` closes.
+/// Whether the keyword opens a block of statements that `end` closes.
 constexpr bool beginsBlock(Keyword keyword) {
     switch (keyword) {
     case Keyword::For:

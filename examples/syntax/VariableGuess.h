@@ -7,33 +7,33 @@
 
 namespace ostrel {
 
-/// Which names of one scope are variables, as far as the parser can know while it reads.
+/// The parser's assumption about which names of a scope are variables.
 ///
-/// Whether `a b` is a command and whether `x` alone names a variable depends on all writes of the
-/// scope, also on those further down. So a scope is read on the assumption that what is not written
-/// yet never is; when a write further down proves that wrong, it is read once more with what the
-/// look before has found.
+/// Whether `a b` is a command, and whether `x` alone names a variable, depends on all writes in the
+/// scope, including later ones. So a scope is parsed on the assumption that a name not written yet
+/// never is; if a later write proves that wrong, the scope is parsed again with what the previous
+/// pass has found.
 ///
 ///     VariableGuess guess;
-///     do { read(guess); } while (guess.startAnotherLook());
+///     do { read(guess); } while (guess.startAnotherPass());
 class VariableGuess {
 public:
     void write(NameId name) { written.insert(name); }
 
-    /// Whether `name` is taken for a variable. The answer is remembered if it may prove wrong.
+    /// Whether `name` is assumed to be a variable. Remembers an answer that may prove wrong.
     bool isVariable(NameId name) {
         if (written.count(name) != 0 || writtenBefore.count(name) != 0) return true;
         refused.push_back(name);
         return false;
     }
 
-    /// Whether an answer proved wrong; then everything is set for reading the scope again.
+    /// Whether an answer proved wrong. If so, prepares for parsing the scope again.
     ///
-    /// A new reading may find new writes, which changes the reading once more. That takes a text
-    /// made for it, and the number of looks is limited, so that time stays linear.
-    bool startAnotherLook() {
-        if (looks == MAX_LOOKS || !hasErred()) return false;
-        ++looks;
+    /// Another pass may find new writes, and so need yet another. That takes a contrived text, and
+    /// the number of passes is limited, so that time stays linear.
+    bool startAnotherPass() {
+        if (passes == MAX_PASSES || !hasErred()) return false;
+        ++passes;
         writtenBefore.insert(written.begin(), written.end());
         written.clear();
         refused.clear();
@@ -41,7 +41,7 @@ public:
     }
 
 private:
-    static constexpr int MAX_LOOKS = 4;
+    static constexpr int MAX_PASSES = 4;
 
     bool hasErred() const {
         for (const NameId name : refused) {
@@ -50,7 +50,7 @@ private:
         return false;
     }
 
-    int looks = 1;
+    int passes = 1;
     std::unordered_set<NameId> written;
     std::unordered_set<NameId> writtenBefore;
     std::vector<NameId> refused;

@@ -33,14 +33,14 @@ TEST(Lexer, PointBeforeAnOperatorBelongsToTheOperator) {
     EXPECT_EQ(tokens(u"1..*x"), "1. .* x");
 }
 
-TEST(Lexer, NumbersTakeTheirWholeLiteral) {
+TEST(Lexer, NumberIsItsWholeLiteral) {
     EXPECT_EQ(tokens(u"1 1. .5 1.5e3 1e-3 2D+4 0xFFu8 0b101s16 3i 4.5j"),
               "1 1. .5 1.5e3 1e-3 2D+4 0xFFu8 0b101s16 3i 4.5j");
     EXPECT_EQ(tokens(u"1e+x"), "1e + x");
     EXPECT_EQ(tokens(u"3abc 1.2.3"), "3abc 1.2.3");
 }
 
-TEST(Lexer, ThreePointsBehindANumberContinueTheLine) {
+TEST(Lexer, ThreePointsAfterANumberContinueTheLine) {
     EXPECT_EQ(tokens(u"1...\n+2"), "1 + 2");
     EXPECT_EQ(tokens(u"1....\n+2"), "1. + 2");
 }
@@ -51,7 +51,7 @@ TEST(Lexer, ContinuationJoinsLines) {
     EXPECT_EQ(tokens(u"a ..."), "a");
 }
 
-TEST(Lexer, QuoteBehindAnOperandIsTheTranspose) {
+TEST(Lexer, QuoteAfterAnOperandIsTheTranspose) {
     EXPECT_EQ(tokens(u"a' 1' )' ]' }' \"s\"' a'' a.''"),
               "a ' 1 ' ) ' ] ' } ' \"s\" ' a ' ' a .' '");
     EXPECT_EQ(tokens(u"a 'b'"), "a 'b'");
@@ -71,11 +71,11 @@ TEST(Lexer, BlockCommentsNest) {
     EXPECT_EQ(tokens(u"%{ x\nb"), "| b");
 }
 
-TEST(Lexer, UnclosedBlockCommentIsOneErrorAtItsBegin) {
+TEST(Lexer, UnclosedBlockCommentIsOneErrorAtItsStart) {
     EXPECT_EQ(errors("x = 1;\nif x\n %{\n end"), "3:2: the block comment is not closed\n");
 }
 
-TEST(Lexer, PragmasAreKeptWithTheirOffset) {
+TEST(Lexer, PragmasKeepTheirOffset) {
     const ParsedFile file =
         testing::parse("%# one\nx = [1 %#two\n 2]; %# three\n%{\n%# none\n%}\ny '%# none'\n"
                        "z = '%# none'; ... %# none\n");
@@ -88,16 +88,16 @@ TEST(Lexer, PragmasAreKeptWithTheirOffset) {
     EXPECT_EQ(file.pragmas[2].text, u"%# three");
 }
 
-TEST(Lexer, SecondLookKeepsEachPragmaOnce) {
+TEST(Lexer, SecondPassKeepsEachPragmaOnce) {
     const ParsedFile file = testing::parse("%# a\nx\n%# b\nx = 1;\n%# c\n");
     EXPECT_EQ(file.pragmas.size(), 3U);
 }
 
-TEST(Lexer, NumberThatTheLibraryRefusesIsAnErrorAtItsPlace) {
+TEST(Lexer, NumberThatTheLibraryRejectsIsAnErrorAtItsPlace) {
     EXPECT_EQ(nodes("x = 1 + 0b12;"),
               "(AssignmentStatement x (BinaryOperation + 1 DiscardedExpression))\n"
               "1:9: malformed number\n");
-    EXPECT_EQ(errors("x = 0x1FFu8;"), "1:5: the number has more digits than its type holds\n");
+    EXPECT_EQ(errors("x = 0x1FFu8;"), "1:5: the number has more digits than its type can hold\n");
     EXPECT_EQ(errors("x = 1.2.3;"), "1:5: malformed number\n");
     EXPECT_EQ(errors("x = 3abc;"), "1:5: malformed number\n");
     EXPECT_EQ(errors("x = 0x1Fi;"), "1:5: malformed number\n");
@@ -105,13 +105,13 @@ TEST(Lexer, NumberThatTheLibraryRefusesIsAnErrorAtItsPlace) {
     EXPECT_EQ(errors("x = 3i + 4.5e2j + 0xFFFFFFFFFFFFFFFF + 0b1s8;"), "");
 }
 
-TEST(Lexer, KeywordsOfClassesAreNamesElsewhere) {
+TEST(Lexer, ClassKeywordsAreNamesElsewhere) {
     EXPECT_EQ(nodes("methods = events(properties, enumeration, arguments);"),
               "(AssignmentStatement methods (ParenOperation events [properties enumeration "
               "arguments]))\n");
 }
 
-TEST(Lexer, StrangeCharactersAreErrors) {
+TEST(Lexer, UnknownCharactersAreErrors) {
     EXPECT_EQ(errors("x = $;"), "1:5: expected an expression, found '$'\n");
     EXPECT_EQ(errors("x = \xF0\x9F\x99\x82;"),
               "1:5: expected an expression, found '\xF0\x9F\x99\x82'\n");

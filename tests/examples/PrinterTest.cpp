@@ -26,16 +26,16 @@ void expectToSurvivePrinting(const std::string& source) {
     ASSERT_EQ(printSource(*second.tree), printed);
 }
 
-TEST(Printer, LaysProgramsOutAfresh) {
+TEST(Printer, UsesALayoutOfItsOwn) {
     EXPECT_EQ(
-        printSource(*parse("if a,b=1;elseif c d=[1 -2;3 4]\nelse,hold on,end").tree).substr(0, 5),
+        printSource(*parse("if a,b=1;elseif c d=[1 -2;3 4]\nelse,turn on,end").tree).substr(0, 5),
         "if a\n");
     EXPECT_EQ(printSource(*parse("if a,b=1;else,x\nend;y=2,z(1).q={1 'a'};").tree),
               "if a\n    b = 1;\nelse\n    x\nend\ny = 2\nz(1).q = {1, 'a'};\n");
 }
 
 TEST(Printer, PrintedProgramsParseToTheSameTree) {
-    expectToSurvivePrinting("x = 1;\ny\nfoo -bar 'a b'\n!ls\n;\nx = a:b:c:d, -a^-b'\n");
+    expectToSurvivePrinting("x = 1;\ny\nfoo -bar 'a b'\n!copy\n;\nx = a:b:c:d, -a^-b'\n");
     expectToSurvivePrinting("for (k = 1:3) x; end, parfor (k = e, 3) end\nspmd (3) y, end");
     expectToSurvivePrinting("x = [a -b; c' 'd']; f(name = 3, :); {@(x) x +1, @f, ?c}, m@s(1)");
     expectToSurvivePrinting("switch a, case 1, b; otherwise c, end, try, a; catch e, b; end");
@@ -51,7 +51,7 @@ TEST(Printer, RandomProgramsParseToTheSameTree) {
     }
 }
 
-TEST(Printer, WhatWasDiscardedIsDiscardedAgain) {
+TEST(Printer, DiscardedNodesAreDiscardedAgain) {
     const ParsedFile first = parse("x = );\nif (\ny = 0b2;\nend\nz = 1;");
     const ParsedFile second = parse(printSource(*first.tree));
     EXPECT_TRUE(isSameTree(*first.tree, *second.tree));

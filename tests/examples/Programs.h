@@ -13,7 +13,7 @@ namespace ostrel::testing {
 
 inline ParsedFile parse(std::string_view source) { return parseOstrel("test.ost", source); }
 
-/// The program's nodes, a line each.
+/// The nodes of the program, one per line.
 inline std::string dumpNodes(const ParsedFile& file) {
     std::string text;
     for (const zt::orvex::NodeView node : zt::orvex::ProgramView(file.root).getProgramNodes()) {
@@ -22,7 +22,7 @@ inline std::string dumpNodes(const ParsedFile& file) {
     return text;
 }
 
-/// "line:column: message", a line each.
+/// The errors, each as a line "line:column: message".
 inline std::string dumpErrors(const ParsedFile& file) {
     std::string text;
     for (const Diagnostic& each : file.diagnostics) {
@@ -34,20 +34,20 @@ inline std::string dumpErrors(const ParsedFile& file) {
 
 inline std::string errors(std::string_view source) { return dumpErrors(parse(source)); }
 
-/// The tree of a program, and what is wrong with it, if anything is.
+/// The tree of a program, followed by its errors.
 inline std::string nodes(std::string_view source) {
     const ParsedFile file = parse(source);
     return dumpNodes(file) + dumpErrors(file);
 }
 
-/// As `nodes`, of one statement, without the line end.
+/// Like `nodes`, for one statement, without the line end.
 inline std::string statement(std::string_view source) {
     std::string text = nodes(source);
     if (!text.empty()) text.pop_back();
     return text;
 }
 
-/// The tree of the right side of a silent assignment to `y`.
+/// The tree of `source` as the right-hand side of an assignment.
 inline std::string expression(std::string_view source) {
     const std::string text = statement("y = " + std::string(source) + ";");
     const std::string_view begin = "(AssignmentStatement y ";
@@ -55,7 +55,7 @@ inline std::string expression(std::string_view source) {
     return text.substr(begin.size(), text.size() - begin.size() - 1);
 }
 
-/// The names of a universe, in its order.
+/// The names of a scope's universe, in order.
 inline std::string universe(const ParsedFile& file, std::size_t scope) {
     std::string text;
     for (const zt::orvex::SymbolView symbol : file.scopes[scope].universe) {

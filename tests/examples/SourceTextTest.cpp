@@ -6,7 +6,7 @@
 namespace ostrel {
 namespace {
 
-TEST(SourceText, LinesEndWithLfCrlfOrCr) {
+TEST(SourceText, LinesEndAtLfCrlfOrCr) {
     const SourceText text(u"a\nb\r\nc\rd");
     ASSERT_EQ(text.lineCount(), 4U);
     EXPECT_EQ(text.line(1), u"a");
@@ -25,7 +25,7 @@ TEST(SourceText, ColumnsCountCodePoints) {
     EXPECT_EQ(text->position(text->text().find(u'y')).column, 2U);
 }
 
-TEST(SourceText, CursorGivesThePositionsOfTheText) {
+TEST(SourceText, CursorAgreesWithPosition) {
     const auto text = SourceText::fromUtf8("ab\r\n\xF0\x9F\x99\x82"
                                            "c\r\rd\n");
     PositionCursor cursor(*text);
@@ -37,11 +37,11 @@ TEST(SourceText, CursorGivesThePositionsOfTheText) {
     }
 }
 
-TEST(SourceText, ByteOrderMarkIsNoPartOfTheText) {
+TEST(SourceText, ByteOrderMarkIsNotPartOfTheText) {
     EXPECT_EQ(SourceText::fromUtf8("\xEF\xBB\xBFx")->text(), u"x");
 }
 
-TEST(SourceText, WrongUtf8IsRefused) {
+TEST(SourceText, InvalidUtf8IsRejected) {
     for (const char* wrong : {"\x80", "\xC3", "\xC0\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80",
                               "\xE2\x82", "\xFF", "a\xC3(", "\xF0\x80\x80\x80"}) {
         EXPECT_FALSE(SourceText::fromUtf8(wrong)) << wrong;
@@ -49,7 +49,7 @@ TEST(SourceText, WrongUtf8IsRefused) {
     EXPECT_EQ(SourceText::validUtf8Prefix("ab\xC3(x"), 2U);
 }
 
-TEST(SourceText, Utf8GoesThroughUtf16AndBack) {
+TEST(SourceText, Utf8SurvivesTheRoundTripThroughUtf16) {
     const std::string all = "a\xC3\xA9\xE2\x82\xAC\xF0\x9F\x99\x82";
     EXPECT_EQ(toUtf8(SourceText::fromUtf8(all)->text()), all);
     EXPECT_EQ(toUtf8(std::u16string(1, char16_t{0xD800})), "\xEF\xBF\xBD");

@@ -8,10 +8,10 @@
 
 namespace zt::orvex::testing {
 
-/// Writes random Ostrel programs without errors, using every construct of the language.
+/// Writes random Ostrel programs without errors that use every construct of the language.
 ///
-/// Variables are `a` to `f`, functions `g1` and the like. Every name that a program uses as a
-/// command, or alone as no variable, is never written.
+/// Variables are `a` to `f`, functions `g1` and the like. No program writes a name that it uses as a
+/// command, or alone without its being a variable.
 ///
 ///     Random random;
 ///     const std::string source = RandomProgram(random).script();
@@ -19,7 +19,7 @@ class RandomProgram {
 public:
     explicit RandomProgram(Random& source) : random(source) {}
 
-    /// A script, often with functions behind it.
+    /// A script, often followed by functions.
     std::string script() {
         std::string text = statements(0, 8);
         for (std::size_t i = random.below(3); i > 0; --i)
@@ -146,12 +146,12 @@ private:
         case 2:
             return variable() + ending();
         case 3:
-            return pick({"hold on", "disp 'a b' c", "format -long", "show {x} [y", "go ...\n on"}) +
+            return pick({"turn on", "say 'a b' c", "print -long", "show {x} [y", "go ...\n on"}) +
                    pick({"\n", ";\n", ", "});
         case 4:
-            return pick({"beep", "drawnow"}) + pick({"\n", ";", ", "});
+            return pick({"ring", "refresh"}) + pick({"\n", ";", ", "});
         case 5:
-            return pick({"!ls -l", "!run 'it'"}) + pick({"\n", ";"});
+            return pick({"!copy -a", "!run 'it'"}) + pick({"\n", ";"});
         case 6:
             return pick({";", ",", "\n", "% comment\n", "%# codegen\n",
                          "\n%{\nanything ( [ '\n%{\n%}\n%}\n"});
@@ -217,8 +217,8 @@ private:
     }
 
     std::string declaration() {
-        return pick({"", " (1,:)", " (2, 3)"}) + pick({"", " double", " pkg.Type"}) +
-               pick({"", " {mustBe(a), check}"}) + (random.oneIn(3) ? " = " + expression() : "");
+        return pick({"", " (1,:)", " (2, 3)"}) + pick({"", " number", " pkg.Type"}) +
+               pick({"", " {atLeast(a), check}"}) + (random.oneIn(3) ? " = " + expression() : "");
     }
 
     std::string attributes() { return pick({"", "(Sealed) ", "(Access = 1, Hidden) "}); }

@@ -18,7 +18,7 @@ namespace ostrel::testing {
 
 namespace {
 
-/// The log of a match that fails; empty when the programs match.
+/// The log of a failed match; empty if the programs match.
 std::string difference(std::string_view a, std::string_view b) {
     const ParsedFile first = parse(a);
     const ParsedFile second = parse(b);
@@ -36,13 +36,13 @@ std::string textOf(const std::filesystem::path& path) {
 
 } // namespace
 
-TEST(TreeMatcher, LayoutAndCommentsPlayNoPart) {
+TEST(TreeMatcher, LayoutAndCommentsDoNotCount) {
     EXPECT_TRUE(matches("x = 1 + a; % one\n", "\n  x=1+a;"));
 }
 
 TEST(TreeMatcher, EmptyProgramsMatch) { EXPECT_TRUE(matches("", "% nothing\n")); }
 
-TEST(TreeMatcher, TellsNamesLiteralsAndOperatorsApart) {
+TEST(TreeMatcher, DistinguishesNamesLiteralsAndOperators) {
     EXPECT_FALSE(matches("x = 1;", "y = 1;"));
     EXPECT_FALSE(matches("x = 1;", "x = 2;"));
     EXPECT_FALSE(matches("x = 'a';", "x = 'b';"));
@@ -51,15 +51,15 @@ TEST(TreeMatcher, TellsNamesLiteralsAndOperatorsApart) {
     EXPECT_FALSE(matches("x = -a;", "x = +a;"));
 }
 
-TEST(TreeMatcher, WaysToSpellAValuePlayNoPart) {
+TEST(TreeMatcher, SpellingOfAValueDoesNotCount) {
     EXPECT_TRUE(matches("x = 1.50;", "x = 1.5;"));
     EXPECT_TRUE(matches("x = 2d3;", "x = 2e3;"));
     EXPECT_TRUE(matches("x = 0xFFu8;", "x = 0Xffu8;"));
     EXPECT_TRUE(matches("x = 2i;", "x = 2.0j;"));
-    EXPECT_TRUE(matches("hold on", "hold 'on'"));
+    EXPECT_TRUE(matches("turn on", "turn 'on'"));
 }
 
-TEST(TreeMatcher, TypesOfNumbersPlayAPart) {
+TEST(TreeMatcher, TypeOfANumberCounts) {
     EXPECT_FALSE(matches("x = 0xFF;", "x = 0x00FF;"));
     EXPECT_FALSE(matches("x = 0x1u8;", "x = 0b1s8;"));
     EXPECT_TRUE(matches("x = 0x1u8;", "x = 0b1u8;"));
@@ -73,14 +73,14 @@ TEST(TreeMatcher, LogShowsOperatorsAndQuotedTexts) {
               std::string::npos);
 }
 
-TEST(TreeMatcher, TellsKindsLengthsAndAbsentPartsApart) {
+TEST(TreeMatcher, DistinguishesKindsLengthsAndAbsentParts) {
     EXPECT_FALSE(matches("x = 1;", "x = 1"));
     EXPECT_FALSE(matches("x = 1;", "x = 1; y = 2;"));
     EXPECT_FALSE(matches("if a, b = 1; end", "if a, b = 1; else, end"));
     EXPECT_FALSE(matches("x = 1:n;", "x = 1:2:n;"));
 }
 
-TEST(TreeMatcher, LogShowsTheWayToTheFirstDifference) {
+TEST(TreeMatcher, LogShowsThePathToTheFirstDifference) {
     const std::string rule = "-> NODES DO NOT MATCH < < < < < < < < < < < < < < < < < < < < \n";
     EXPECT_EQ(
         difference("x = 1;\ny = 2;", "x = 1;\nz = 2;"),
@@ -124,7 +124,7 @@ TEST(TreeMatcher, PrintedProgramsAreEquivalentToTheirSource) {
     EXPECT_GE(programs, 8u);
 }
 
-TEST(TreeMatcher, RandomProgramsAreEquivalentToWhatIsPrintedOfThem) {
+TEST(TreeMatcher, RandomProgramsAreEquivalentToTheirPrintedForm) {
     zt::orvex::testing::Random random;
     for (std::size_t round = zt::orvex::testing::rounds(500); round > 0; --round) {
         const std::string source = zt::orvex::testing::RandomProgram(random).program();

@@ -32,7 +32,7 @@ TEST(Role, FollowsFromTheEvidence) {
     EXPECT_EQ(roleOf(evidence(SPMD, true, true)), Role::Updated);
 }
 
-TEST(Role, OfTheLoopVariableComesFirst) {
+TEST(Role, LoopVariableTakesPrecedence) {
     Evidence all = evidence(ConstructKind::Parfor, true, true);
     all.isLoopVariable = true;
     EXPECT_EQ(roleOf(all), Role::LoopVariable);
@@ -59,7 +59,7 @@ TEST(Classify, ValueSetOnOnePathOnlyIsCarried) {
     EXPECT_EQ(roleIn(text, "c"), Role::ReadFromOutside);
 }
 
-TEST(Classify, ElementsUnderTheLoopVariableAreSliced) {
+TEST(Classify, ElementsIndexedByTheLoopVariableAreSliced) {
     EXPECT_EQ(roleIn("x = 1;\nparfor k = 1:9, x(k) = 1; end", "x"), Role::Sliced);
     EXPECT_EQ(roleIn("x = 1;\nparfor k = 1:9, x(k) = x(k) + 1; end", "x"), Role::Sliced);
     EXPECT_EQ(roleIn("x = 1;\nparfor k = 1:9, x{k}.a(2) = x{k}.a(1); end", "x"), Role::Sliced);
@@ -68,7 +68,7 @@ TEST(Classify, ElementsUnderTheLoopVariableAreSliced) {
               Role::Sliced);
 }
 
-TEST(Classify, ElementsThatOtherIterationsUseTooAreCarried) {
+TEST(Classify, ElementsThatOtherIterationsUseAreCarried) {
     EXPECT_EQ(roleIn("x = 1;\nparfor k = 1:9, x(k) = x(k + 1); end", "x"), Role::Carried);
     EXPECT_EQ(roleIn("x = 1;\nparfor k = 1:9, x(k, 1) = x(1, k); end", "x"), Role::Carried);
     EXPECT_EQ(roleIn("x = 1;\nparfor k = 1:9, x(k) = x(k, 1); end", "x"), Role::Carried);
@@ -81,15 +81,15 @@ TEST(Classify, ElementsThatOtherIterationsUseTooAreCarried) {
               Role::Carried);
 }
 
-TEST(Classify, ElementsAreNotAnIterationsOwnWhereItsIndexIsWritten) {
+TEST(Classify, ElementsAreSharedIfTheBodyWritesTheLoopVariable) {
     EXPECT_EQ(roleIn("x = 1;\nparfor k = 1:9, k = 1; x(k) = x(k) + 1; end", "x"), Role::Carried);
 }
 
-TEST(Classify, RemovedElementsMoveTheOthers) {
+TEST(Classify, VariableWithRemovedElementsIsNotSliced) {
     EXPECT_EQ(roleIn("x = 1;\nparfor k = 1:9, y = x(k); x(k) = []; end", "x"), Role::Carried);
 }
 
-TEST(Classify, PartsThatAreNotReadBeforeAreSliced) {
+TEST(Classify, PartsNotReadBeforeTheirWriteAreSliced) {
     const std::string text = "h = 1; b = 1;\nparfor k = 1:9, h(b(k)) = 1; s.a = 2; end";
     EXPECT_EQ(roleIn(text, "h"), Role::Sliced);
     EXPECT_EQ(roleIn(text, "s"), Role::Sliced);
@@ -98,7 +98,7 @@ TEST(Classify, PartsThatAreNotReadBeforeAreSliced) {
     EXPECT_FALSE(variableOf(file.constructs.at(0), "h").firstRead);
 }
 
-TEST(Classify, PartWrittenUnderAnInnerLoopTellsThatItIsAWrite) {
+TEST(Classify, NoteSaysThatAPartialWriteIsTheFirstRead) {
     const File file = reportOf("t = 1;\nparfor k = 1:9\n for c = 1:3, t(c) = k; end\nend");
     const Variable variable = variableOf(file.constructs.at(0), "t");
     EXPECT_EQ(variable.role, Role::Carried);
@@ -114,7 +114,7 @@ TEST(Classify, SpmdHasOutputsAndInputs) {
     EXPECT_EQ(roleIn(text, "z"), Role::Updated);
 }
 
-TEST(Classify, WhatControlNeverReachesIsNeitherReadNorWritten) {
+TEST(Classify, UnreachableStatementsNeitherReadNorWrite) {
     const std::string text = "a = 1;\nparfor k = 1:9\n continue\n b = a;\nend";
     EXPECT_EQ(roleIn(text, "a"), Role::NamedOnly);
     EXPECT_EQ(roleIn(text, "b"), Role::NamedOnly);
@@ -130,14 +130,14 @@ TEST(Classify, AnsIsWrittenByExpressionStatements) {
     EXPECT_EQ(lineAndColumn(*variableOf(file.constructs.at(0), "ans").lastWrite), "1:26");
 }
 
-TEST(Classify, VariablesThatTheConstructDoesNotNameAreLeftOut) {
+TEST(Classify, VariablesNotNamedByTheConstructAreLeftOut) {
     const File file = reportOf("a = 1; b = 2;\nparfor k = 1:a\n c = 3;\nend");
     const Construct& construct = file.constructs.at(0);
     ASSERT_EQ(construct.variables.size(), 3U);
     EXPECT_EQ(construct.variables[0].name, "a");
     EXPECT_FALSE(construct.variables[0].isInBody);
     EXPECT_EQ(construct.variables[0].role, Role::ReadFromOutside);
-    EXPECT_EQ(noteOf(construct.variables[0]), "read in the head alone");
+    EXPECT_EQ(noteOf(construct.variables[0]), "read only in the head");
     EXPECT_EQ(construct.variables[1].name, "k");
     EXPECT_EQ(construct.variables[1].role, Role::LoopVariable);
     EXPECT_EQ(construct.variables[2].name, "c");

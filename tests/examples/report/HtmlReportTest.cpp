@@ -33,7 +33,7 @@ std::size_t count(const std::string& page, std::string_view what) {
 
 } // namespace
 
-TEST(HtmlReport, NeedsNothingFromElsewhere) {
+TEST(HtmlReport, IsSelfContained) {
     const std::string page = pageOf("parfor k = 1:3\n  x = k;\nend\n");
     EXPECT_THAT(page, Not(HasSubstr("http:")));
     EXPECT_THAT(page, Not(HasSubstr("https:")));
@@ -54,7 +54,7 @@ TEST(HtmlReport, MarkupInAnErrorIsHarmless) {
     EXPECT_EQ(count(pageOf("x = <script>;\n"), "<script>"), 1u);
 }
 
-TEST(HtmlReport, EveryPlaceOfAVariableIsMarkedWithItsKey) {
+TEST(HtmlReport, EveryPlaceOfAVariableHasItsKey) {
     const std::string page = pageOf("parfor k = 1:3\n  x = k;\n  y(k) = x + x;\nend\n");
     // The row and the places: k three times, x three times, y once.
     EXPECT_EQ(count(page, "data-keys=\"v0-0-0\"") + count(page, "data-keys=\"v0-0-1\"") +
@@ -65,7 +65,7 @@ TEST(HtmlReport, EveryPlaceOfAVariableIsMarkedWithItsKey) {
     EXPECT_EQ(count(page, "class=\"variable role-sliced\""), 1u);
 }
 
-TEST(HtmlReport, PlaceInNestedConstructsIsMarkedWithBothAndLooksAsTheInnerHasIt) {
+TEST(HtmlReport, PlaceInNestedConstructsHasBothKeysAndTheInnerLook) {
     const std::string page =
         pageOf("parfor i = 1:3\n  a = i;\n  parfor j = 1:2\n    b = a;\n  end\nend\n");
     EXPECT_THAT(page, HasSubstr("class=\"variable role-outside\" data-letter=\"R\" "
@@ -74,20 +74,20 @@ TEST(HtmlReport, PlaceInNestedConstructsIsMarkedWithBothAndLooksAsTheInnerHasIt)
         << "i, a, j, b of the outer; j, b, a of the inner";
 }
 
-TEST(HtmlReport, CarriedVariableTellsTheLinesOfTheReadAndOfTheWrite) {
+TEST(HtmlReport, CarriedVariableShowsItsReadAndItsWrite) {
     const std::string page = pageOf("s = 0;\nparfor k = 1:3\n  s = s + k;\nend\n");
     EXPECT_THAT(page, HasSubstr("read first <a href=\"#f0L3\">3:7</a><br>carried by "
                                 "<a href=\"#f0L3\">3:3</a>"));
 }
 
-TEST(HtmlReport, KeywordsNumbersTextsAndCommentsAreTold) {
-    const std::string page = pageOf("if x, disp('a'); end % why\nhold don't 1\n");
+TEST(HtmlReport, KeywordsTextsAndCommentsAreMarked) {
+    const std::string page = pageOf("if x, show('a'); end % why\nturn don't 1\n");
     EXPECT_THAT(page, HasSubstr("<span class=\"keyword\">if</span>"));
     EXPECT_THAT(page, HasSubstr("<span class=\"text\">&#39;a&#39;</span>"));
     EXPECT_THAT(page, HasSubstr("<span class=\"comment\">% why</span>"));
 }
 
-TEST(HtmlReport, BlockCommentIsCommentOnEachOfItsLines) {
+TEST(HtmlReport, BlockCommentIsMarkedOnEachOfItsLines) {
     const std::string page = pageOf("%{\n one\n two\n%}\nx = 1;\n");
     EXPECT_EQ(count(page, "<span class=\"comment\">"), 4u);
 }

@@ -36,7 +36,7 @@ std::string sourceOf(const std::string& name) {
 
 class Program : public ::testing::TestWithParam<std::string> {};
 
-// After a change that is meant, write the files anew in examples/programs and read the difference:
+// After an intended change, regenerate the files in examples/programs and review the difference:
 //     orvex-report --format json NAME.ost > expected/NAME.json
 void expectReport(const std::string& name, const std::string& format, const std::string& ending) {
     const Outcome outcome =
@@ -49,16 +49,16 @@ void expectReport(const std::string& name, const std::string& format, const std:
     EXPECT_EQ(outcome.output, expected);
 }
 
-TEST_P(Program, HasItsReportInText) { expectReport(GetParam(), "text", ".txt"); }
+TEST_P(Program, HasTheExpectedTextReport) { expectReport(GetParam(), "text", ".txt"); }
 
-TEST_P(Program, HasItsReportInJson) { expectReport(GetParam(), "json", ".json"); }
+TEST_P(Program, HasTheExpectedJsonReport) { expectReport(GetParam(), "json", ".json"); }
 
-TEST_P(Program, HasItsReportInHtml) { expectReport(GetParam(), "html", ".html"); }
+TEST_P(Program, HasTheExpectedHtmlReport) { expectReport(GetParam(), "html", ".html"); }
 
 INSTANTIATE_TEST_SUITE_P(Examples, Program, ::testing::ValuesIn(programNames()),
                          [](const auto& test) { return test.param; });
 
-/// The program in the page that tells what the words of the report mean.
+/// The example program of docs/report.md.
 std::string documentedProgram() {
     const std::string page = readFile(OSTREL_PROGRAMS_FOLDER "/../../docs/report.md");
     const std::string fence = "\n```\n";
@@ -66,7 +66,7 @@ std::string documentedProgram() {
     return page.substr(begin, page.find(fence, begin) + 1 - begin);
 }
 
-TEST(Documentation, VariablesOfItsExampleAreWhatItSays) {
+TEST(Documentation, ExampleVariablesHaveTheRolesThatItGives) {
     const File file = reportOf(documentedProgram());
     ASSERT_EQ(file.constructs.size(), 2u);
     const auto roleIn = [&](std::size_t construct, const char* name) {
@@ -87,13 +87,13 @@ TEST(Documentation, VariablesOfItsExampleAreWhatItSays) {
     EXPECT_EQ(best.lastWrite->line, 9u);
 }
 
-TEST(Programs, HoldEveryKindOfNode) {
+TEST(Programs, ContainEveryKindOfNode) {
     std::set<NodeKind> found;
     for (const std::string& name : programNames()) {
         const ParsedFile file = parseOstrel(name, sourceOf(name));
         zt::orvex::forEachNodeIn(file.root, [&](NodeView node) { found.insert(node.getKind()); });
     }
-    // Patterns come from matchers, not from source text.
+    // Patterns come from matchers, never from source text.
     const std::set<NodeKind> absent{NodeKind::AnyExpression};
     for (std::size_t kind = 1; kind <= 66; ++kind) {
         const auto value = static_cast<NodeKind>(kind);
@@ -125,7 +125,7 @@ bool contains(const std::vector<std::string>& names, const std::string& name) {
     return std::find(names.begin(), names.end(), name) != names.end();
 }
 
-/// What the three answers about a variable of a `parfor` are, as text; "-" of an `spmd`.
+/// The answers about the variables of a construct and about the construct itself, as text.
 std::set<std::string> answersIn(const Construct& construct) {
     std::set<std::string> answers;
     for (const std::string& name : construct.universe) {
@@ -176,7 +176,7 @@ TEST(Programs, HaveWarningsOfEveryKind) {
     EXPECT_EQ(found.size(), 3U);
 }
 
-TEST(Programs, AreOfALengthThatPeopleWrite) {
+TEST(Programs, AreAsLongAsRealPrograms) {
     for (const std::string& name : programNames()) {
         const std::string text = sourceOf(name);
         const auto lines = std::count(text.begin(), text.end(), '\n');

@@ -8,8 +8,8 @@
 
 namespace ostrel::report::testing {
 
-/// Writes programs with one parallel construct whose body is made of all kinds of statements over
-/// a few variables, so that reads and writes meet.
+/// Writes programs with one parallel construct whose body has all kinds of statements over a few
+/// variables, so that reads and writes meet.
 class RandomConstruct {
 public:
     explicit RandomConstruct(zt::orvex::testing::Random& numbers) : random(numbers) {}
@@ -89,7 +89,7 @@ private:
             text += "[" + target() + ", ~, " + target() + "] = f(" + value() + ");\n";
             break;
         case 5:
-            text += random.oneIn(2) ? "!ls here\n" : "format long\n";
+            text += random.oneIn(2) ? "!copy here\n" : "turn on\n";
             break;
         case 6:
             text += target() + " = " + value() + "\n";

@@ -15,14 +15,14 @@ namespace ostrel::report::testing {
 
 inline File reportOf(std::string_view text) { return analyze(parseOstrel("test.ost", text)); }
 
-/// A report on one program.
+/// The report on one program.
 inline Report singleReport(std::string_view text) {
     Report report;
     report.files.push_back(reportOf(text));
     return report;
 }
 
-/// The variable of that name in a construct; a test failure where there is none.
+/// The variable of that name in a construct; fails the test if there is none.
 inline Variable variableOf(const Construct& construct, std::string_view name) {
     const auto found =
         std::find_if(construct.variables.begin(), construct.variables.end(),

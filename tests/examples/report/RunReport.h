@@ -6,7 +6,7 @@
 namespace ostrel::report::testing {
 
 struct Outcome {
-    int status = -1; ///< The exit status; -1 when the program was killed.
+    int status = -1; ///< The exit status; -1 if the program was killed.
     std::string output;
     std::string errors;
 };
@@ -15,11 +15,11 @@ struct Outcome {
 Outcome runReport(const std::vector<std::string>& arguments, const std::string& input = "",
                   const std::string& folder = ".");
 
-/// Runs it at a terminal of that many columns. What it writes to standard output and to standard
-/// error comes together, in `output`.
+/// Runs it at a terminal of that many columns. Standard output and standard error both go to
+/// `output`.
 Outcome runReportAtTerminal(const std::vector<std::string>& arguments, unsigned short columns);
 
-/// A folder for one test's files, removed at the end.
+/// A folder for the files of one test, removed at the end.
 class ScratchFolder {
 public:
     ScratchFolder();
@@ -28,7 +28,7 @@ public:
     ScratchFolder& operator=(const ScratchFolder&) = delete;
 
     std::string path(const std::string& name) const { return folder + "/" + name; }
-    /// Writes a file and gives its path.
+    /// Writes a file and returns its path.
     std::string file(const std::string& name, const std::string& bytes) const;
 
 private:

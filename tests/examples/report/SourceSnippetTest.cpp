@@ -39,18 +39,18 @@ TEST(SourceSnippet, MarksThePlace) {
     EXPECT_EQ(cut.marker, "     ^~~");
 }
 
-TEST(SourceSnippet, PlaceAtTheEndOfALineIsBehindIt) {
+TEST(SourceSnippet, PlaceAtTheEndOfALineIsMarkedAfterIt) {
     const SourceSnippet cut = snippet(u"x = \r\n", 4, 1);
     EXPECT_EQ(cut.source, "x = ");
     EXPECT_EQ(cut.marker, "    ^");
 }
 
-TEST(SourceSnippet, EmptyTextHasAPlaceToo) {
+TEST(SourceSnippet, EmptyTextHasAPlace) {
     EXPECT_EQ(snippet(u"", 0, 1).marker, "^");
     EXPECT_EQ(snippet(u"x\n", 2, 1).source, "");
 }
 
-TEST(SourceSnippet, TabsBecomeBlanksSoThatTheMarkStandsRight) {
+TEST(SourceSnippet, TabsBecomeBlanksSoThatTheMarkIsAligned) {
     const SourceSnippet cut = snippet(u"\tx\ty = 1;", 3, 1);
     EXPECT_EQ(cut.source, "    x   y = 1;");
     EXPECT_EQ(cut.marker, "        ^");
@@ -94,7 +94,7 @@ TEST(SourceSnippet, NeverExceedsItsWidthAndMarksTheSameCharacter) {
     }
 }
 
-TEST(SourceSnippet, CostDoesNotGrowWithTheLine) {
+TEST(SourceSnippet, CostDoesNotDependOnTheLengthOfTheLine) {
     const SourceText source(std::u16string(2'000'000, u'('));
     for (std::size_t i = 0; i < 2000; ++i) {
         const Place place{i * 1000, 1, 1, i * 1000 + 1};

@@ -41,21 +41,21 @@ constexpr const char* PROGRAM = "s = 0; x = 1:9; w = 1;\n"
                                 "end\n"
                                 "%#nonsense\n";
 
-TEST(TextReport, TellsWhatEachVariableIs) {
+TEST(TextReport, ShowsTheRoleOfEachVariable) {
     EXPECT_EQ(
         textOf("s = 0; x = 1:9;\nparfor k = 1:9\n  t = x(k);\n  s = s + t;\n  y(k) = t;\nend"),
         "test.ost:2:1: parfor over k\n"
-        "    s  carried            first read at 4:7, on every path; last written at 4:3, for an"
-        " iteration to\n"
-        "                          come\n"
-        "    x  read from outside  first read at 3:7, on every path; each iteration reads elements"
-        " of its own\n"
+        "    s  carried            first read at 4:7, on every path; last written at 4:3, for a"
+        " later\n"
+        "                          iteration\n"
+        "    x  read from outside  first read at 3:7, on every path; each iteration reads its own"
+        " elements\n"
         "    k  loop variable\n"
-        "    t  temporary          written before it is read, in each iteration anew\n"
-        "    y  sliced             each iteration writes elements of its own\n");
+        "    t  temporary          written before it is read in each iteration\n"
+        "    y  sliced             each iteration writes its own elements\n");
 }
 
-TEST(TextReport, WarningsSayWhatIsWrongWhereAndWhatToDo) {
+TEST(TextReport, WarningShowsItsPlaceAndHelp) {
     EXPECT_EQ(textOf("spmd, x = ans; x = load(2); end\n%#nonsense\n"),
               "test.ost:1:1: spmd\n"
               "    x    output             written before it is read\n"
@@ -64,15 +64,15 @@ TEST(TextReport, WarningsSayWhatIsWrongWhereAndWhatToDo) {
               "test.ost:1:11: warning: 'ans' may be read here before the spmd body has set it\n"
               "    1 | spmd, x = ans; x = load(2); end\n"
               "      |           ^~~\n"
-              "      help: assign what you mean to a variable of its own, and read that\n"
+              "      help: assign the value to a variable, and read that instead\n"
               "\n"
-              "test.ost:1:20: warning: 'load' is restricted in a spmd body: it reaches variables"
-              " by name, which no analysis of the text sees\n"
+              "test.ost:1:20: warning: 'load' is restricted in an spmd body: it accesses"
+              " variables by name, which static analysis cannot see\n"
               "    1 | spmd, x = ans; x = load(2); end\n"
               "      |                    ^~~~\n"
-              "      help: do it in a function of its own and call that\n"
+              "      help: move it into a function of its own and call that\n"
               "\n"
-              "test.ost:2:1: warning: no directive is called 'nonsense', so tools pass over this"
+              "test.ost:2:1: warning: no directive is called 'nonsense', so tools ignore this"
               " pragma\n"
               "    2 | %#nonsense\n"
               "      | ^~~~~~~~~~\n"
@@ -80,33 +80,33 @@ TEST(TextReport, WarningsSayWhatIsWrongWhereAndWhatToDo) {
               " TestStandard\n");
 }
 
-TEST(TextReport, ErrorsStandFirstWithTheirLineAndACaret) {
+TEST(TextReport, ErrorsComeFirstWithTheirLineAndACaret) {
     const std::string text = textOf("parfor k = 1:3, end\n\tx = (1;\n");
     EXPECT_THAT(text, HasSubstr("test.ost:2:8: error: "));
     EXPECT_THAT(text, HasSubstr("\n    2 |     x = (1;\n      |           ^\n"));
     EXPECT_LT(text.find("error"), text.find("parfor over k"));
 }
 
-TEST(TextReport, SaysThatThereIsNoConstruct) {
+TEST(TextReport, SaysThatAFileHasNoConstruct) {
     EXPECT_EQ(textOf("x = 1;"), "test.ost: no parfor or spmd statement\n");
     EXPECT_EQ(textOf(""), "test.ost: no parfor or spmd statement\n");
-    EXPECT_THAT(textOf(")"), HasSubstr("no parfor or spmd statement in what could be read\n"));
+    EXPECT_THAT(textOf(")"), HasSubstr("no parfor or spmd statement in what could be parsed\n"));
 }
 
-TEST(TextReport, SaysThatTheBodyNamesNoVariable) {
+TEST(TextReport, SaysThatABodyNamesNoVariable) {
     EXPECT_EQ(textOf("spmd, end"), "test.ost:1:1: spmd\n    The body names no variable.\n");
     EXPECT_THAT(textOf("parfor k = 1:3, end"),
-                HasSubstr("    k  loop variable  the body does not use it\n"));
+                HasSubstr("    k  loop variable  not used in the body\n"));
 }
 
-TEST(TextReport, TellsFunctionAndEnclosingConstruct) {
+TEST(TextReport, ShowsFunctionAndEnclosingConstruct) {
     const std::string text = textOf("function f()\n spmd\n parfor k = 1:3, end\n end\nend");
     EXPECT_THAT(text, HasSubstr("test.ost:2:2: spmd, in function f\n"));
-    EXPECT_THAT(text, HasSubstr("test.ost:3:2: parfor over k, in function f, within the spmd of "
+    EXPECT_THAT(text, HasSubstr("test.ost:3:2: parfor over k, in function f, inside the spmd on "
                                 "line 2\n"));
 }
 
-TEST(TextReport, VariablesOfTheHeadAloneAreNotInTheTable) {
+TEST(TextReport, VariablesOnlyInTheHeadAreNotInTheTable) {
     EXPECT_THAT(textOf("n = 1;\nparfor k = 1:n, x = k; end"), Not(HasSubstr("    n ")));
 }
 
@@ -117,7 +117,7 @@ TEST(TextReport, SeveralFilesHaveASummary) {
     EXPECT_THAT(textOf(report), HasSubstr("\n2 files: 2 constructs, 1 error, 2 warnings\n"));
 }
 
-TEST(TextReport, IsColouredOnlyOnDemandAndSaysTheSame) {
+TEST(TextReport, ColourDoesNotChangeTheText) {
     const std::string plain = textOf(PROGRAM);
     const std::string coloured = textOf(PROGRAM, {true, 100});
     EXPECT_THAT(plain, Not(HasSubstr("\x1b")));
@@ -126,7 +126,7 @@ TEST(TextReport, IsColouredOnlyOnDemandAndSaysTheSame) {
     EXPECT_EQ(withoutEscapes(coloured), plain);
 }
 
-TEST(TextReport, KeepsToTheWidth) {
+TEST(TextReport, FitsTheWidth) {
     for (std::size_t width = 60; width < 130; ++width) {
         std::istringstream lines(textOf(PROGRAM, {false, width}));
         for (std::string line; std::getline(lines, line);) {
@@ -136,12 +136,12 @@ TEST(TextReport, KeepsToTheWidth) {
     }
 }
 
-TEST(TextReport, NotesMoveBelowWhereThereIsLittleRoom) {
+TEST(TextReport, NotesMoveBelowIfThereIsLittleRoom) {
     EXPECT_THAT(textOf("s = 0;\nparfor k = 1:9, s = s + k; end", {false, 40}),
                 HasSubstr("    s  carried\n"
                           "        first read at 2:21, on every\n"
                           "        path; last written at 2:17, for\n"
-                          "        an iteration to come\n"));
+                          "        a later iteration\n"));
 }
 
 TEST(TextReport, ManyErrorsAreCounted) {

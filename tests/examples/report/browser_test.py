@@ -3,7 +3,7 @@
 
 usage: browser_test.py ORVEX_REPORT PROGRAMS_FOLDER [SCREENSHOT_FOLDER]
 
-Exit status 0 when all holds, 1 when not, 77 when no browser can be driven here.
+Exit status: 0 if all claims hold, 1 if not, 77 if no browser can be driven here.
 """
 
 import json
@@ -26,7 +26,7 @@ except ImportError:
     print("python3-selenium is not installed")
     sys.exit(SKIPPED)
 
-# What a role's letter says about the sets that the library answers with.
+# What the letter of a role says about the sets in the library's answers.
 READ_FIRST = {"C", "R", "U"}
 WRITTEN_FIRST = {"T", "O"}
 
@@ -67,33 +67,33 @@ def check_against_json(browser, data, name):
     for index, (table, construct) in enumerate(zip(tables, data["constructs"])):
         rows = {row.get_attribute("data-name"): row
                 for row in table.find_elements(By.CSS_SELECTOR, "tbody tr")}
-        # The role of ans goes by the library's own question about it, not by these sets.
+        # The role of ans follows from a question of its own, not from these sets.
         letters = {name: row.get_attribute("data-role") for name, row in rows.items()
                    if name != "ans"}
         check(set(rows) <= set(construct["universe"]),
-              f"{name}: construct {index} names variables of its universe only")
+              f"{name}: construct {index} names only variables of its universe")
         if construct["kind"] == "parfor":
             live = set(construct["maybeLiveAsTemporary"])
             private = {n for n, letter in letters.items() if letter in WRITTEN_FIRST}
             carried = {n for n, letter in letters.items() if letter == "C"}
             check(not private & live, f"{name}: construct {index}: temporaries are not live")
-            check(carried <= live, f"{name}: construct {index}: what is carried is live")
-            check(live <= set(rows), f"{name}: construct {index}: all that is live has a row")
+            check(carried <= live, f"{name}: construct {index}: carried variables are live")
+            check(live <= set(rows), f"{name}: construct {index}: every live variable has a row")
         else:
             outputs = {n for n, letter in letters.items() if letter == "O"}
             check(outputs <= set(construct["outputs"]),
-                  f"{name}: construct {index}: outputs are those of the library")
+                  f"{name}: construct {index}: outputs agree with the library")
 
 
 def check_places(browser, source, name):
-    """Every coloured place is a whole word of the source that is the variable's name."""
+    """Every coloured place is the name of its variable, as a whole word of the source."""
     for span in browser.find_elements(By.CSS_SELECTOR, ".variable"):
         line = int(span.find_element(By.XPATH, "..").get_attribute("id").split("L")[1])
         text = span.text
         if not re.search(r"\b" + re.escape(text) + r"\b", source[line - 1]):
-            check(False, f"{name}: {text} is coloured on line {line}, where it does not stand")
+            check(False, f"{name}: {text} is coloured on line {line}, which does not contain it")
             return
-    check(True, f"{name}: what is coloured stands there in the source")
+    check(True, f"{name}: coloured places match the source")
 
 
 def check_clicks(browser, name):
@@ -102,14 +102,14 @@ def check_clicks(browser, name):
     expected = browser.find_elements(By.CSS_SELECTOR, f"[data-keys~='{key}']")
     row.click()
     check(len(marked(browser)) == len(expected) > 1, f"{name}: a click on a row marks all places")
-    check(row.get_attribute("aria-selected") == "true", f"{name}: the row is told as selected")
+    check(row.get_attribute("aria-selected") == "true", f"{name}: the row is announced as selected")
     row.click()
-    check(not marked(browser), f"{name}: a second click takes the marks away")
+    check(not marked(browser), f"{name}: a second click removes the marks")
     span = browser.find_element(By.CSS_SELECTOR, f".variable[data-keys^='{key}']")
     span.click()
-    check(len(marked(browser)) == len(expected), f"{name}: so does a click on a variable")
+    check(len(marked(browser)) == len(expected), f"{name}: a click on a variable marks all places")
     row.send_keys(Keys.ESCAPE)
-    check(not marked(browser), f"{name}: Escape takes the marks away")
+    check(not marked(browser), f"{name}: Escape removes the marks")
     row.send_keys(Keys.ENTER)
     check(len(marked(browser)) == len(expected), f"{name}: Enter on a row marks all places")
     browser.find_element(By.ID, "letters").click()
@@ -119,7 +119,7 @@ def check_clicks(browser, name):
     link = browser.find_element(By.CSS_SELECTOR, "tr[data-role='C'] a")
     link.click()
     target = browser.current_url.split("#")[1]
-    check(bool(browser.find_elements(By.ID, target)), f"{name}: a place leads to its line")
+    check(bool(browser.find_elements(By.ID, target)), f"{name}: a place links to its line")
 
 
 def check_quiet(browser, name):
@@ -170,7 +170,7 @@ def main():
             show(browser, pictures, page, "dark")
         finally:
             browser.quit()
-    print(f"{len(failures)} claims do not hold")
+    print(f"{len(failures)} claims failed")
     return 1 if failures else 0
 
 

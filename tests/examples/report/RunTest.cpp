@@ -24,7 +24,7 @@ using Json = nlohmann::ordered_json;
 constexpr const char* GOOD = "parfor k = 1:3, x(k) = 1; end\n";
 constexpr const char* BAD = "x = ;\nparfor k = 1:3, x(k) = 1; end\n";
 
-TEST(CommandLine, FileWithoutErrorsGives0) {
+TEST(OrvexReport, FileWithoutErrorsExitsWith0) {
     const ScratchFolder scratch;
     const Outcome outcome = runReport({scratch.file("good.ost", GOOD)});
     EXPECT_EQ(outcome.status, 0);
@@ -32,7 +32,7 @@ TEST(CommandLine, FileWithoutErrorsGives0) {
     EXPECT_EQ(outcome.errors, "");
 }
 
-TEST(CommandLine, FileWithErrorsGives1AndIsReported) {
+TEST(OrvexReport, FileWithErrorsExitsWith1AndIsReported) {
     const ScratchFolder scratch;
     const Outcome outcome = runReport({scratch.file("bad.ost", BAD)});
     EXPECT_EQ(outcome.status, 1);
@@ -40,7 +40,7 @@ TEST(CommandLine, FileWithErrorsGives1AndIsReported) {
     EXPECT_EQ(outcome.errors, "");
 }
 
-TEST(CommandLine, MinusReadsStandardInput) {
+TEST(OrvexReport, MinusReadsStandardInput) {
     const Outcome outcome = runReport({"--format", "json", "-"}, GOOD);
     EXPECT_EQ(outcome.status, 0);
     const Json file = Json::parse(outcome.output)["files"][0];
@@ -48,13 +48,13 @@ TEST(CommandLine, MinusReadsStandardInput) {
     EXPECT_EQ(file["constructs"][0]["variable"], "k");
 }
 
-TEST(CommandLine, StandardInputCanBeReadOnceOnly) {
+TEST(OrvexReport, StandardInputCanBeReadOnlyOnce) {
     const Outcome outcome = runReport({"-", "-"}, GOOD);
     EXPECT_EQ(outcome.status, 2);
-    EXPECT_EQ(outcome.errors, "orvex-report: standard input can be read once only\n");
+    EXPECT_EQ(outcome.errors, "orvex-report: standard input can be read only once\n");
 }
 
-TEST(CommandLine, HelpAndVersionGoToStandardOutput) {
+TEST(OrvexReport, HelpAndVersionGoToStandardOutput) {
     const Outcome help = runReport({"--help"});
     EXPECT_EQ(help.status, 0);
     EXPECT_THAT(help.output,
@@ -66,7 +66,7 @@ TEST(CommandLine, HelpAndVersionGoToStandardOutput) {
     EXPECT_EQ(version.output, "orvex-report " ORVEX_REPORT_VERSION "\n");
 }
 
-TEST(CommandLine, WrongUsageGives2AndAMessage) {
+TEST(OrvexReport, WrongUsageExitsWith2AndAMessage) {
     const ScratchFolder scratch;
     const std::string good = scratch.file("good.ost", GOOD);
     const std::vector<std::vector<std::string>> wrong{
@@ -86,7 +86,7 @@ TEST(CommandLine, WrongUsageGives2AndAMessage) {
     }
 }
 
-TEST(CommandLine, MissingFileGives2AndTheOthersAreReported) {
+TEST(OrvexReport, MissingFileExitsWith2AndTheOthersAreReported) {
     const ScratchFolder scratch;
     const Outcome outcome = runReport({scratch.path("none.ost"), scratch.file("bad.ost", BAD)});
     EXPECT_EQ(outcome.status, 2);
@@ -95,7 +95,7 @@ TEST(CommandLine, MissingFileGives2AndTheOthersAreReported) {
     EXPECT_THAT(outcome.output, HasSubstr("bad.ost:2:1: parfor over k"));
 }
 
-TEST(CommandLine, FolderGives2) {
+TEST(OrvexReport, FolderExitsWith2) {
     const ScratchFolder scratch;
     const Outcome outcome = runReport({"--format", "json", scratch.path("")});
     EXPECT_EQ(outcome.status, 2);
@@ -103,7 +103,7 @@ TEST(CommandLine, FolderGives2) {
     EXPECT_EQ(Json::parse(outcome.output)["files"], Json::array());
 }
 
-TEST(CommandLine, FileThatMayNotBeReadGives2) {
+TEST(OrvexReport, UnreadableFileExitsWith2) {
     if (geteuid() == 0) GTEST_SKIP() << "the superuser may read everything";
     const ScratchFolder scratch;
     const std::string path = scratch.file("secret.ost", GOOD);
@@ -113,7 +113,7 @@ TEST(CommandLine, FileThatMayNotBeReadGives2) {
     EXPECT_THAT(outcome.errors, HasSubstr("Permission denied"));
 }
 
-TEST(CommandLine, FileThatIsNotUtf8Gives2AndTheOthersAreReported) {
+TEST(OrvexReport, InvalidUtf8ExitsWith2AndTheOthersAreReported) {
     const ScratchFolder scratch;
     const Outcome outcome =
         runReport({scratch.file("latin.ost", "x = 'a\xE4';\n"), scratch.file("good.ost", GOOD)});
@@ -124,14 +124,14 @@ TEST(CommandLine, FileThatIsNotUtf8Gives2AndTheOthersAreReported) {
     EXPECT_THAT(outcome.output, HasSubstr("good.ost:1:1: parfor over k"));
 }
 
-TEST(CommandLine, EmptyFileIsAProgram) {
+TEST(OrvexReport, EmptyFileIsAProgram) {
     const ScratchFolder scratch;
     const Outcome outcome = runReport({scratch.file("empty.ost", "")});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_THAT(outcome.output, HasSubstr("empty.ost: no parfor or spmd statement"));
 }
 
-TEST(CommandLine, OutputWritesAFileWithoutColour) {
+TEST(OrvexReport, OutputWritesAFileWithoutColour) {
     const ScratchFolder scratch;
     const std::string good = scratch.file("good.ost", GOOD);
     const Outcome outcome = runReport({"--output", scratch.path("report.txt"), good});
@@ -140,7 +140,7 @@ TEST(CommandLine, OutputWritesAFileWithoutColour) {
     EXPECT_EQ(readFile(scratch.path("report.txt")), runReport({good}).output);
 }
 
-TEST(CommandLine, OutputThatCannotBeOpenedGives2) {
+TEST(OrvexReport, OutputThatCannotBeOpenedExitsWith2) {
     const ScratchFolder scratch;
     const std::string good = scratch.file("good.ost", GOOD);
     const Outcome outcome = runReport({"--output", scratch.path("no/such/folder"), good});
@@ -149,7 +149,7 @@ TEST(CommandLine, OutputThatCannotBeOpenedGives2) {
     EXPECT_EQ(runReport({"--output", scratch.path(""), good}).status, 2);
 }
 
-TEST(CommandLine, OutputThatCannotBeWrittenGives2) {
+TEST(OrvexReport, OutputThatCannotBeWrittenExitsWith2) {
     if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "no device that is always full";
     const ScratchFolder scratch;
     const Outcome outcome = runReport({"--output", "/dev/full", scratch.file("good.ost", GOOD)});
@@ -157,7 +157,7 @@ TEST(CommandLine, OutputThatCannotBeWrittenGives2) {
     EXPECT_THAT(outcome.errors, HasSubstr("cannot write '/dev/full'"));
 }
 
-TEST(CommandLine, OutputDoesNotOverwriteASourceFile) {
+TEST(OrvexReport, OutputDoesNotOverwriteASourceFile) {
     const ScratchFolder scratch;
     const std::string good = scratch.file("good.ost", GOOD);
     const Outcome outcome = runReport({"--output", scratch.path("./good.ost"), good});
@@ -166,7 +166,7 @@ TEST(CommandLine, OutputDoesNotOverwriteASourceFile) {
     EXPECT_EQ(readFile(good), GOOD);
 }
 
-TEST(CommandLine, ColourIsForTerminalsUnlessAskedFor) {
+TEST(OrvexReport, OnlyTerminalsGetColourByDefault) {
     const ScratchFolder scratch;
     const std::string good = scratch.file("good.ost", GOOD);
     const std::string escape = "\x1b[";
@@ -180,7 +180,7 @@ TEST(CommandLine, ColourIsForTerminalsUnlessAskedFor) {
     EXPECT_THAT(readFile(scratch.path("report.txt")), Not(HasSubstr(escape)));
 }
 
-TEST(CommandLine, TextKeepsToTheWidthOfTheTerminal) {
+TEST(OrvexReport, TextFitsTheWidthOfTheTerminal) {
     const ScratchFolder scratch;
     const std::string path = scratch.file("s.ost", "s = 0;\nparfor k = 1:3, s = s + k; end\n");
     for (const unsigned columns : {50U, 70U, 200U}) {
@@ -198,7 +198,7 @@ TEST(CommandLine, TextKeepsToTheWidthOfTheTerminal) {
     }
 }
 
-TEST(CommandLine, TenMegabytesOfOpenParenthesesAreAnError) {
+TEST(OrvexReport, TenMegabytesOfOpenParenthesesAreAnError) {
     const ScratchFolder scratch;
     const Outcome outcome = runReport({scratch.file("open.ost", std::string(10'000'000, '('))});
     EXPECT_EQ(outcome.status, 1);
@@ -207,7 +207,7 @@ TEST(CommandLine, TenMegabytesOfOpenParenthesesAreAnError) {
     EXPECT_LT(outcome.output.size(), 10'000U);
 }
 
-TEST(CommandLine, RandomBytesNeverCrashIt) {
+TEST(OrvexReport, RandomBytesNeverCrashIt) {
     zt::orvex::testing::Random random;
     SCOPED_TRACE(random.describe());
     const ScratchFolder scratch;
@@ -221,7 +221,7 @@ TEST(CommandLine, RandomBytesNeverCrashIt) {
     }
 }
 
-TEST(CommandLine, ProgramsCutOffAnywhereNeverCrashIt) {
+TEST(OrvexReport, ProgramsCutOffAnywhereNeverCrashIt) {
     zt::orvex::testing::Random random;
     SCOPED_TRACE(random.describe());
     const ScratchFolder scratch;

@@ -15,7 +15,7 @@ std::string binary(const std::string& op, const std::string& a, const std::strin
     return "(BinaryOperation " + op + " " + a + " " + b + ")";
 }
 
-TEST(Expression, EachLevelBindsTighterThanTheOneBefore) {
+TEST(ExpressionParser, EachLevelBindsTighterThanThePreviousOne) {
     const std::vector<std::vector<std::string>> levels{
         {"||"}, {"&&"}, {"|"}, {"&"}, {"<", "<=", ">", ">=", "==", "~="}};
     for (std::size_t i = 0; i < levels.size(); ++i) {
@@ -35,20 +35,20 @@ TEST(Expression, EachLevelBindsTighterThanTheOneBefore) {
     }
 }
 
-TEST(Expression, ColonBindsBetweenComparisonAndSum) {
+TEST(ExpressionParser, ColonBindsBetweenComparisonAndSum) {
     EXPECT_EQ(expression("a < b:c"), "(BinaryOperation < a (ColonOperation b - c))");
     EXPECT_EQ(expression("a:b == c"), "(BinaryOperation == (ColonOperation a - b) c)");
     EXPECT_EQ(expression("a:b + c"), "(ColonOperation a - (BinaryOperation + b c))");
     EXPECT_EQ(expression("a + b:c"), "(ColonOperation (BinaryOperation + a b) - c)");
 }
 
-TEST(Expression, ColonTakesThreePartsAtATime) {
+TEST(ExpressionParser, ColonTakesThreePartsAtATime) {
     EXPECT_EQ(expression("a:b:c"), "(ColonOperation a b c)");
     EXPECT_EQ(expression("a:b:c:d"), "(ColonOperation (ColonOperation a b c) - d)");
     EXPECT_EQ(expression("a:b:c:d:e"), "(ColonOperation (ColonOperation a b c) d e)");
 }
 
-TEST(Expression, ProductsBindTighterThanSums) {
+TEST(ExpressionParser, ProductsBindTighterThanSums) {
     for (const std::string sum : {"+", "-"}) {
         for (const std::string product : {"*", "/", "\\", ".*", "./", ".\\"}) {
             EXPECT_EQ(expression("a " + sum + " b " + product + " c"),
@@ -61,7 +61,7 @@ TEST(Expression, ProductsBindTighterThanSums) {
     }
 }
 
-TEST(Expression, PrefixBindsTighterThanProductsAndLooserThanPowers) {
+TEST(ExpressionParser, PrefixBindsTighterThanProductsAndLooserThanPowers) {
     EXPECT_EQ(expression("-a * b"), "(BinaryOperation * (UnaryOperation - a) b)");
     EXPECT_EQ(expression("a * -b"), "(BinaryOperation * a (UnaryOperation - b))");
     EXPECT_EQ(expression("-a ^ b"), "(UnaryOperation - (BinaryOperation ^ a b))");
@@ -69,7 +69,7 @@ TEST(Expression, PrefixBindsTighterThanProductsAndLooserThanPowers) {
     EXPECT_EQ(expression("+-~a"), "(UnaryOperation + (UnaryOperation - (UnaryOperation ~ a)))");
 }
 
-TEST(Expression, PowersGroupToTheLeftAndTakeAPrefixedOperand) {
+TEST(ExpressionParser, PowersGroupToTheLeftAndTakeAPrefixedOperand) {
     EXPECT_EQ(expression("a^b.^c"), "(BinaryOperation .^ (BinaryOperation ^ a b) c)");
     EXPECT_EQ(expression("a^-b^c"),
               "(BinaryOperation ^ (BinaryOperation ^ a (UnaryOperation - b)) c)");
@@ -80,7 +80,7 @@ TEST(Expression, PowersGroupToTheLeftAndTakeAPrefixedOperand) {
     EXPECT_EQ(expression("-a'"), "(UnaryOperation - (UnaryOperation ' a))");
 }
 
-TEST(Expression, PostfixFormsFollowEachOther) {
+TEST(ExpressionParser, PostfixOperatorsCanBeChained) {
     EXPECT_EQ(expression("a(1){2}.b.(c)"),
               "(DynamicFieldOperation (DotOperation (BraceOperation (ParenOperation a [1]) [2]) b) "
               "c)");
@@ -90,7 +90,7 @@ TEST(Expression, PostfixFormsFollowEachOther) {
     EXPECT_EQ(expression("(a)(1)"), "(ParenOperation (ParenthesizedExpression a) [1])");
 }
 
-TEST(Expression, SubscriptsMayHoldColonAndEnd) {
+TEST(ExpressionParser, SubscriptsMayContainColonAndEnd) {
     EXPECT_EQ(expression("a(:, end - 1)"), "(ParenOperation a [Colon (BinaryOperation - End 1)])");
     EXPECT_EQ(expression("a{:}"), "(BraceOperation a [Colon])");
     EXPECT_EQ(expression("a((end)')"),
@@ -99,12 +99,12 @@ TEST(Expression, SubscriptsMayHoldColonAndEnd) {
     EXPECT_EQ(errors("x = (:);"), "1:6: expected an expression, found ':'\n");
 }
 
-TEST(Expression, NamedArgumentsStandInCalls) {
+TEST(ExpressionParser, CallsMayHaveNamedArguments) {
     EXPECT_EQ(expression("f(1, name = a == b)"),
               "(ParenOperation f [1 (NamedArgument name (BinaryOperation == a b))])");
 }
 
-TEST(Expression, PrimariesOfEachForm) {
+TEST(ExpressionParser, PrimaryMayHaveAnyForm) {
     EXPECT_EQ(expression("'it''s'"), "'it''s'");
     EXPECT_EQ(expression("\"s\""), "\"s\"");
     EXPECT_EQ(expression("(a)"), "(ParenthesizedExpression a)");
@@ -116,7 +116,7 @@ TEST(Expression, PrimariesOfEachForm) {
     EXPECT_EQ(expression("@() 1"), "(AnonymousFunction [] 1)");
 }
 
-TEST(Expression, LiteralTextLosesItsQuotes) {
+TEST(ExpressionParser, LiteralTextLosesItsQuotes) {
     const ParsedFile file = testing::parse("x = {'it''s', \"a\"\"b\", 'f(''x'')'};\n");
     std::vector<std::u16string> texts;
     const auto& storage = file.tree->parts();
@@ -130,7 +130,7 @@ TEST(Expression, LiteralTextLosesItsQuotes) {
     EXPECT_EQ(texts, (std::vector<std::u16string>{u"it's", u"a\"b", u"f('x')"}));
 }
 
-TEST(Matrix, SignWithABlankBeforeAndNoneBehindBeginsAnElement) {
+TEST(ExpressionParserMatrix, SignAfterABlankAndBeforeNoneBeginsAnElement) {
     EXPECT_EQ(expression("[a -b]"), "(Matrix [(Row [a (UnaryOperation - b)])])");
     EXPECT_EQ(expression("[a - b]"), "(Matrix [(Row [(BinaryOperation - a b)])])");
     EXPECT_EQ(expression("[a-b]"), "(Matrix [(Row [(BinaryOperation - a b)])])");
@@ -142,7 +142,7 @@ TEST(Matrix, SignWithABlankBeforeAndNoneBehindBeginsAnElement) {
     EXPECT_EQ(expression("[a -...\n b]"), "(Matrix [(Row [(BinaryOperation - a b)])])");
 }
 
-TEST(Matrix, BracketOrQuoteWithABlankBeforeBeginsAnElement) {
+TEST(ExpressionParserMatrix, BracketOrQuoteAfterABlankBeginsAnElement) {
     EXPECT_EQ(expression("[a (b)]"), "(Matrix [(Row [a (ParenthesizedExpression b)])])");
     EXPECT_EQ(expression("[a(b)]"), "(Matrix [(Row [(ParenOperation a [b])])])");
     EXPECT_EQ(expression("[a * (b)]"),
@@ -156,13 +156,13 @@ TEST(Matrix, BracketOrQuoteWithABlankBeforeBeginsAnElement) {
               "(CellArray [(Row [f (AnonymousFunction [(InputParameter x)] x)])])");
 }
 
-TEST(Matrix, OtherOperatorsAreOneElementWhateverTheBlanks) {
+TEST(ExpressionParserMatrix, OtherOperatorsNeverBeginAnElement) {
     EXPECT_EQ(expression("[a *b]"), "(Matrix [(Row [(BinaryOperation * a b)])])");
     EXPECT_EQ(expression("[a ==b]"), "(Matrix [(Row [(BinaryOperation == a b)])])");
     EXPECT_EQ(expression("[a ~b]"), "(Matrix [(Row [a (UnaryOperation ~ b)])])");
 }
 
-TEST(Matrix, BlanksDoNotPartInsideParentheses) {
+TEST(ExpressionParserMatrix, BlanksDoNotSeparateInsideParentheses) {
     EXPECT_EQ(expression("[(a -b)]"),
               "(Matrix [(Row [(ParenthesizedExpression (BinaryOperation - a b))])])");
     EXPECT_EQ(expression("[f(a -b) c]"),
@@ -171,7 +171,7 @@ TEST(Matrix, BlanksDoNotPartInsideParentheses) {
                                          "(UnaryOperation - b)])])])])])");
 }
 
-TEST(Matrix, RowsEndWithSemicolonOrLine) {
+TEST(ExpressionParserMatrix, RowEndsAtSemicolonOrLineEnd) {
     EXPECT_EQ(expression("[1 2; 3, 4\n5,6\n\n]"), "(Matrix [(Row [1 2]) (Row [3 4]) (Row [5 6])])");
     EXPECT_EQ(expression("[1, 2, ... more\n 3 % comment\n 4]"),
               "(Matrix [(Row [1 2 3]) (Row [4])])");
@@ -180,7 +180,7 @@ TEST(Matrix, RowsEndWithSemicolonOrLine) {
     EXPECT_EQ(expression("[1,2,]"), "(Matrix [(Row [1 2])])");
 }
 
-TEST(Expression, ChainAsDeepAsTheLimitIsRead) {
+TEST(ExpressionParser, ChainUpToTheLimitIsParsed) {
     std::string chain = "a";
     for (std::size_t i = 1; i < MAX_EXPRESSION_HEIGHT; ++i)
         chain += "+a";
@@ -189,7 +189,7 @@ TEST(Expression, ChainAsDeepAsTheLimitIsRead) {
               "1:5: the expression is nested deeper than 2000 levels\n");
 }
 
-TEST(Expression, BracketsAsDeepAsTheLimitAreRead) {
+TEST(ExpressionParser, BracketsUpToTheLimitAreParsed) {
     const auto nested = [](std::size_t depth) {
         return "y = " + std::string(depth, '(') + "a" + std::string(depth, ')') + ";\nz = 1;\n";
     };

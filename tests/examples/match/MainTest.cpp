@@ -30,36 +30,36 @@ std::string program(const std::string& name) {
 
 } // namespace
 
-TEST(MatchProgram, EquivalentProgramsGiveStatus0AndNoOutput) {
+TEST(OrvexMatch, EquivalentProgramsExitWith0AndNoOutput) {
     const Outcome outcome = run(program("kmeans") + " " + program("kmeans"));
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.output, "");
 }
 
-TEST(MatchProgram, DifferentProgramsGiveStatus1AndTheLog) {
+TEST(OrvexMatch, DifferentProgramsExitWith1AndTheLog) {
     const Outcome outcome = run(program("kmeans") + " " + program("nbody"));
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.output.find("Matching Program at 1:1 against Program at 1:1\n"), 0u);
 }
 
-TEST(MatchProgram, MissingFileAndDirectoryGiveStatus2) {
+TEST(OrvexMatch, MissingFileAndDirectoryExitWith2) {
     EXPECT_EQ(run(program("kmeans") + " /nowhere/at/all.ost").status, 2);
     EXPECT_EQ(run(program("kmeans") + " '" OSTREL_PROGRAMS_FOLDER "'").status, 2);
 }
 
-TEST(MatchProgram, ProgramWithErrorsGivesStatus2AndSaysWhere) {
+TEST(OrvexMatch, ProgramWithErrorsExitsWith2AndSaysWhere) {
     const Outcome outcome = run(program("unfinished") + " " + program("kmeans"));
     EXPECT_EQ(outcome.status, 2);
     EXPECT_NE(outcome.output.find("unfinished.ost:"), std::string::npos);
     EXPECT_NE(outcome.output.find(": error: "), std::string::npos);
 }
 
-TEST(MatchProgram, WrongUsageGivesStatus2) {
+TEST(OrvexMatch, WrongUsageExitsWith2) {
     EXPECT_EQ(run("").status, 2);
     EXPECT_EQ(run("--nonsense a b").status, 2);
 }
 
-TEST(MatchProgram, HelpAndVersionGiveStatus0) {
+TEST(OrvexMatch, HelpAndVersionExitWith0) {
     EXPECT_EQ(run("--help").status, 0);
     EXPECT_EQ(run("--version").status, 0);
 }

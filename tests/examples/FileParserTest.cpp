@@ -9,7 +9,7 @@ using testing::errors;
 using testing::nodes;
 using testing::statement;
 
-TEST(Function, HeadsOfEachForm) {
+TEST(FileParserFunction, HeadMayHaveAnyForm) {
     EXPECT_EQ(statement("function [o1, o2] = name(i1, ~, i2)\nend"),
               "(FunctionDefinition name [(InputParameter i1) (InputParameter IgnoredArgument) "
               "(InputParameter i2)] [o1 o2] FillerNode [] [])");
@@ -22,54 +22,54 @@ TEST(Function, HeadsOfEachForm) {
     EXPECT_EQ(statement("function name; end"), "(FunctionDefinition name [] [] FillerNode [] [])");
 }
 
-TEST(Function, BodyHoldsTheMembers) {
+TEST(FileParserFunction, BodyContainsTheMembers) {
     EXPECT_EQ(statement("function f\n x = 1;\n if x, end\nend"),
               "(FunctionDefinition f [] [] FillerNode [] [(AssignmentStatement x 1) (IfStatement x "
               "[] [] -)])");
 }
 
-TEST(Function, ArgumentsBlocks) {
+TEST(FileParserFunction, ArgumentsBlocksFollowTheHead) {
     EXPECT_EQ(
-        statement("function f(a, b)\n\narguments (Input)\n a (1,:) double {mustBe(a), c} = 3\n b\n"
+        statement("function f(a, b)\n\narguments (Input)\n a (1,:) number {atLeast(a), c} = 3\n b\n"
                   "end\narguments\n b pkg.Type\n a = 1, b {c}\nend\nb = a;\nend"),
         "(FunctionDefinition f [(InputParameter a) (InputParameter b)] [] FillerNode "
         "[(ArgumentsBlock [(Attribute Input -)] [(ArgumentDeclaration a (ValidationSpecification "
         "[1 "
-        "Colon] double [(ParenOperation mustBe [a]) c]) 3 - -) (ArgumentDeclaration b - - - -)]) "
+        "Colon] number [(ParenOperation atLeast [a]) c]) 3 - -) (ArgumentDeclaration b - - - -)]) "
         "(ArgumentsBlock [] [(ArgumentDeclaration b (ValidationSpecification [] (DotOperation pkg "
         "Type) []) - - -) (ArgumentDeclaration a - 1 - -) (ArgumentDeclaration b "
         "(ValidationSpecification [] - [c]) - - -)])] [(AssignmentStatement b a)])");
 }
 
-TEST(Function, ArgumentsIsANameBelowTheHead) {
+TEST(FileParserFunction, ArgumentsIsANameAfterTheHead) {
     EXPECT_EQ(statement("function f\nx = 1;\narguments\nend"),
               "(FunctionDefinition f [] [] FillerNode [] [(AssignmentStatement x 1) "
               "(BareIdentifierStatement arguments)])");
 }
 
-TEST(File, ScriptHasFunctionsBehindIt) {
+TEST(FileParser, FunctionsFollowTheScript) {
     EXPECT_EQ(nodes("x = 1;\nfunction f\nend\n\nfunction g\nend"),
               "(AssignmentStatement x 1)\n(FunctionDefinition f [] [] FillerNode [] [])\n"
               "(FunctionDefinition g [] [] FillerNode [] [])\n");
 }
 
-TEST(File, StatementsBehindFunctionsAreOneError) {
+TEST(FileParser, StatementsAfterFunctionsAreOneError) {
     EXPECT_EQ(errors("function f\nend\nx = 1;\ny = 2;\n"),
-              "3:1: statements stand behind the functions of a file\n");
+              "3:1: statements must precede the functions of a file\n");
 }
 
-TEST(Class, BlocksOfEachSort) {
+TEST(FileParserClass, HasBlocksOfEveryKind) {
     EXPECT_EQ(
         statement(
             "class (Sealed, Kind = 3) Name < Base & Other\n"
-            "properties (Access = private)\n a\n b (1,:) double {check} = 2;\nend\n"
+            "properties (Access = private)\n a\n b (1,:) number {check} = 2;\nend\n"
             "methods\n function o = f(obj)\n  o = obj.a;\n end\n [x, y] = g(obj, ~)\n h\nend\n"
             "events (Hidden)\n Changed\n Gone, Lost\nend\n"
             "enumeration\n Red (1, 'x')\n Blue\nend\n"
             "end\n"),
         "(ClassDefinition [(Attribute Sealed -) (Attribute Kind 3)] Name [Base Other] "
         "[(PropertiesBlock [(PropertyDefinition a - -) (PropertyDefinition b "
-        "(ValidationSpecification [1 Colon] double [check]) 2)] [(Attribute Access private)]) "
+        "(ValidationSpecification [1 Colon] number [check]) 2)] [(Attribute Access private)]) "
         "(MethodsBlock [(MethodDefinition f [(InputParameter obj)] [o] FillerNode [] "
         "[(AssignmentStatement o (DotOperation obj a))]) (MethodDeclaration g [(InputParameter "
         "obj) "
@@ -79,15 +79,15 @@ TEST(Class, BlocksOfEachSort) {
         "(EnumerationMember Blue [])] [])])");
 }
 
-TEST(Class, WordsOfItsBlocksAreNamesInsideThem) {
+TEST(FileParserClass, BlockKeywordsAreNamesInsideBlocks) {
     EXPECT_EQ(statement("class A\nproperties\nevents\nmethods = 1\nend\nend"),
               "(ClassDefinition [] A [] [(PropertiesBlock [(PropertyDefinition events - -) "
               "(PropertyDefinition methods - 1)] [])])");
 }
 
-TEST(Class, StandsAlone) {
+TEST(FileParserClass, MustBeAloneInItsFile) {
     EXPECT_EQ(errors("class A\nend\nx = 1;\n"), "3:1: nothing may follow the class\n");
-    EXPECT_EQ(errors("x = 1;\nclass A\nend\n"), "2:1: a class stands alone in its file\n");
+    EXPECT_EQ(errors("x = 1;\nclass A\nend\n"), "2:1: a class must be alone in its file\n");
 }
 
 } // namespace

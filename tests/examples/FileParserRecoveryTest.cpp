@@ -10,7 +10,7 @@ namespace {
 using testing::errors;
 using testing::nodes;
 
-TEST(Recovery, OpenBracketCostsItsLine) {
+TEST(FileParserRecovery, UnclosedBracketCostsItsLine) {
     EXPECT_EQ(nodes("x = [1, 2\ny = 3;\nz = 4;"),
               "DiscardedStatement\n(AssignmentStatement y 3)\n(AssignmentStatement z 4)\n"
               "1:5: '[' is not closed\n");
@@ -26,7 +26,7 @@ TEST(Recovery, OpenBracketCostsItsLine) {
     EXPECT_EQ(errors("if f(x\ny = 1;\nend\n"), "1:5: '(' is not closed\n");
 }
 
-TEST(Recovery, MistakeInAMatrixOfSeveralLinesCostsTheMatrix) {
+TEST(FileParserRecovery, ErrorInAMatrixOfSeveralLinesCostsTheMatrix) {
     EXPECT_EQ(nodes("x = [1 2\n 3 * * 4\n 5 6];\ny = 3;"),
               "DiscardedStatement\n(AssignmentStatement y 3)\n"
               "2:6: expected an expression, found '*'\n");
@@ -35,23 +35,26 @@ TEST(Recovery, MistakeInAMatrixOfSeveralLinesCostsTheMatrix) {
               "1:7: expected the end of the statement, found ')'\n");
 }
 
-TEST(Recovery, BracketThatClosesAnotherIsOneError) {
+TEST(FileParserRecovery, MismatchedBracketIsOneError) {
     EXPECT_EQ(errors("x = [1, 2);\ny = 3;"), "1:10: '[' is not closed before ')'\n");
     EXPECT_EQ(errors("x = (1 + 2];\ny = 3;"), "1:11: '(' is not closed before ']'\n");
     EXPECT_EQ(errors("x = 1);\ny = 3;"), "1:6: expected the end of the statement, found ')'\n");
-    EXPECT_EQ(errors(")\ny = 3;"), "1:1: nothing is open for ')'\n");
+    EXPECT_EQ(errors(")\ny = 3;"), "1:1: ')' closes nothing\n");
 }
 
-TEST(Recovery, OpenTextCostsItsLine) {
-    EXPECT_EQ(nodes("x = 'abc;\ny = 3;"),
-              "DiscardedStatement\n(AssignmentStatement y 3)\n1:5: the text is not closed\n");
-    EXPECT_EQ(nodes("x = f(\"abc, 3);\ny = 3;"),
-              "DiscardedStatement\n(AssignmentStatement y 3)\n1:7: the text is not closed\n");
-    EXPECT_EQ(nodes("x = {'abc, 3};\ny = 3;"),
-              "DiscardedStatement\n(AssignmentStatement y 3)\n1:6: the text is not closed\n");
+TEST(FileParserRecovery, UnclosedQuoteCostsItsLine) {
+    EXPECT_EQ(
+        nodes("x = 'abc;\ny = 3;"),
+        "DiscardedStatement\n(AssignmentStatement y 3)\n1:5: the quoted text is not closed\n");
+    EXPECT_EQ(
+        nodes("x = f(\"abc, 3);\ny = 3;"),
+        "DiscardedStatement\n(AssignmentStatement y 3)\n1:7: the quoted text is not closed\n");
+    EXPECT_EQ(
+        nodes("x = {'abc, 3};\ny = 3;"),
+        "DiscardedStatement\n(AssignmentStatement y 3)\n1:6: the quoted text is not closed\n");
 }
 
-TEST(Recovery, EndTooManyIsOneErrorAtThatEnd) {
+TEST(FileParserRecovery, ExtraEndIsOneErrorAtThatEnd) {
     EXPECT_EQ(nodes("if x, end\nend\ny = 3;"),
               "(IfStatement x [] [] -)\nDiscardedStatement\n(AssignmentStatement y 3)\n"
               "2:1: this 'end' closes nothing\n");
@@ -61,7 +64,7 @@ TEST(Recovery, EndTooManyIsOneErrorAtThatEnd) {
               "(FunctionDefinition g [] [] FillerNode [] [])\n4:1: this 'end' closes nothing\n");
 }
 
-TEST(Recovery, EndTooManyInAClassIsOneError) {
+TEST(FileParserRecovery, ExtraEndInAClassIsOneError) {
     EXPECT_EQ(errors("class A\nmethods\nfunction f\nif x\nend\nend\ny = 3;\nend\nfunction g\nend\n"
                      "end\nend\n"),
               "6:1: this 'end' closes nothing\n");
@@ -72,7 +75,7 @@ TEST(Recovery, EndTooManyInAClassIsOneError) {
               "5:1: this 'end' closes nothing\n");
 }
 
-TEST(Recovery, EndTooFewIsOneErrorAtTheBlock) {
+TEST(FileParserRecovery, MissingEndIsOneErrorAtTheBlock) {
     EXPECT_EQ(errors("for k = 1:3\nx = k;\n"), "1:1: 'for' has no 'end'\n");
     EXPECT_EQ(nodes("function f\nif x\ny = 1;\nend\nfunction g\nend\n"),
               "(FunctionDefinition f [] [] FillerNode [] [(IfStatement x [(AssignmentStatement y "
@@ -85,7 +88,7 @@ TEST(Recovery, EndTooFewIsOneErrorAtTheBlock) {
               "2:1: 'properties' has no 'end'\n");
 }
 
-TEST(Recovery, BlockWithoutEndIsFoundByAKeywordOfTheOneAround) {
+TEST(FileParserRecovery, KeywordOfTheEnclosingBlockRevealsAMissingEnd) {
     EXPECT_EQ(nodes("if a\nfor k = 1\nx = 1;\nelse\ny = 1;\nend\nz = 1;"),
               "(IfStatement a [(ForStatement k 1 [(AssignmentStatement x 1)])] [] (ElseClause "
               "[(AssignmentStatement y 1)]))\n(AssignmentStatement z 1)\n"
@@ -94,15 +97,14 @@ TEST(Recovery, BlockWithoutEndIsFoundByAKeywordOfTheOneAround) {
     EXPECT_EQ(errors("try\nif x\ncatch e\nend\n"), "2:1: 'if' has no 'end'\n");
 }
 
-TEST(Recovery, KeywordOutsideOfItsBlockIsOneError) {
+TEST(FileParserRecovery, KeywordOutsideItsBlockIsOneError) {
     EXPECT_EQ(nodes("else\nx = 1;"), "DiscardedStatement\n(AssignmentStatement x 1)\n"
-                                     "1:1: 'else' stands outside of its block\n");
-    EXPECT_EQ(errors("if a\nelse\nx = 1;\nelse\nend\n"),
-              "4:1: 'else' stands outside of its block\n");
-    EXPECT_EQ(errors("case 3\n"), "1:1: 'case' stands outside of its block\n");
+                                     "1:1: 'else' is outside its block\n");
+    EXPECT_EQ(errors("if a\nelse\nx = 1;\nelse\nend\n"), "4:1: 'else' is outside its block\n");
+    EXPECT_EQ(errors("case 3\n"), "1:1: 'case' is outside its block\n");
 }
 
-TEST(Recovery, WrongHeadKeepsItsBlock) {
+TEST(FileParserRecovery, BlockSurvivesAnErrorInItsHead) {
     EXPECT_EQ(nodes("if (a\nx = 1;\nend\ny = 1;"),
               "(IfStatement DiscardedExpression [(AssignmentStatement x 1)] [] -)\n"
               "(AssignmentStatement y 1)\n1:4: '(' is not closed\n");
@@ -115,25 +117,25 @@ TEST(Recovery, WrongHeadKeepsItsBlock) {
     EXPECT_EQ(errors("function [a = f\nx = 1;\nend\n"), "1:13: '[' is not closed before '='\n");
 }
 
-TEST(Recovery, ParforWithoutAVariableIsNoConstruct) {
+TEST(FileParserRecovery, ParforWithoutAVariableIsNotAConstruct) {
     const ParsedFile file = testing::parse("parfor 3\nspmd\nend\nend\n");
     ASSERT_EQ(file.constructs.size(), 1U);
     EXPECT_EQ(file.constructs[0].node.getKind(), zt::orvex::NodeKind::SpmdStatement);
 }
 
-TEST(Recovery, KeywordMeantAsANameIsOneError) {
+TEST(FileParserRecovery, KeywordMeantAsANameIsOneError) {
     EXPECT_EQ(errors("while x\ny = end + 1;\nend\n"),
               "2:5: expected an expression, found the keyword 'end'\n");
     EXPECT_EQ(errors("y = case + 1;\n"), "1:5: expected an expression, found the keyword 'case'\n");
 }
 
-TEST(Recovery, StatementBeforeTheFirstCaseIsOneError) {
+TEST(FileParserRecovery, StatementBeforeTheFirstCaseIsOneError) {
     EXPECT_EQ(nodes("switch a\nx = 1;\ny = 1;\ncase 1\nend"),
               "(SwitchStatement a [(CaseClause 1 [])] -)\n"
               "2:1: this statement belongs to no 'case'\n");
 }
 
-TEST(Recovery, WrongLinesOfAClassCostThemselves) {
+TEST(FileParserRecovery, ErrorInALineOfAClassCostsThatLine) {
     EXPECT_EQ(nodes("class A\nfoo = 1\npropertys\na\nend\nproperties\n1\nb\nend\nend\n"),
               "(ClassDefinition [] A [] [(PropertiesBlock [(PropertyDefinition b - -)] [])])\n"
               "2:1: expected 'properties', 'methods', 'events' or 'enumeration'\n"
@@ -141,7 +143,7 @@ TEST(Recovery, WrongLinesOfAClassCostThemselves) {
               "7:1: expected a property, found '1'\n");
 }
 
-TEST(Recovery, BlocksNestOnlySoDeep) {
+TEST(FileParserRecovery, BlocksNestUpToALimit) {
     const auto nested = [](std::size_t depth) {
         std::string text;
         for (std::size_t i = 0; i < depth; ++i)
@@ -159,7 +161,7 @@ TEST(Recovery, BlocksNestOnlySoDeep) {
     EXPECT_EQ(errors(open), "401:1: blocks are nested deeper than 400 levels\n");
 }
 
-TEST(Recovery, DiagnosticsStandInSourceOrder) {
+TEST(FileParserRecovery, DiagnosticsAreInSourceOrder) {
     EXPECT_EQ(errors("if a\nx = );\n"), "1:1: 'if' has no 'end'\n"
                                         "2:5: expected an expression, found ')'\n");
 }

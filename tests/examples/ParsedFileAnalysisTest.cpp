@@ -40,7 +40,7 @@ OrderedSet<SymbolView> universeOf(const ParsedFile& file, const Construct& const
     return OrderedSet<SymbolView>(symbols.begin(), symbols.end());
 }
 
-/// All answers about a construct in one line.
+/// All answers about a construct, on one line.
 std::string ask(const ParsedFile& file, const Construct& construct) {
     const OrderedSet<SymbolView> universe = universeOf(file, construct);
     const SymbolView ans = file.scopes[construct.scope].ans;
@@ -61,7 +61,7 @@ std::string ask(const ParsedFile& file, const Construct& construct) {
            (isRead ? " | ans" : "");
 }
 
-TEST(Analysis, LibraryAnswersAboutConstructsOfAText) {
+TEST(ParsedFileAnalysis, LibraryAnalysesConstructsOfAText) {
     const ParsedFile file = testing::parse("s = 0;\n"
                                            "parfor k = 1:9\n"
                                            "    t = x(k);\n"
@@ -72,7 +72,7 @@ TEST(Analysis, LibraryAnswersAboutConstructsOfAText) {
     EXPECT_EQ(ask(file, file.constructs[0]), "k s | k s | t");
 }
 
-TEST(Analysis, AnsIsReadBeforeItIsWrittenWhereTheTextSaysSo) {
+TEST(ParsedFileAnalysis, AnsIsReadFirstUnlessAnExpressionPrecedes) {
     const ParsedFile file = testing::parse("spmd\nx = ans;\nend\nspmd\n1;\nx = ans;\nend\n");
     ASSERT_EQ(file.constructs.size(), 2U);
     const SymbolView ans = file.scopes[0].ans;
@@ -84,7 +84,7 @@ TEST(Analysis, AnsIsReadBeforeItIsWrittenWhereTheTextSaysSo) {
     EXPECT_FALSE(isRead(1));
 }
 
-TEST(Analysis, EveryConstructOfARandomProgramIsAnswered) {
+TEST(ParsedFileAnalysis, EveryConstructOfARandomProgramCanBeAnalysed) {
     zt::orvex::testing::Random random;
     SCOPED_TRACE(random.describe());
     std::size_t asked = 0;
@@ -100,7 +100,7 @@ TEST(Analysis, EveryConstructOfARandomProgramIsAnswered) {
     EXPECT_GT(asked, 10U);
 }
 
-TEST(Analysis, HighestTreeThatIsReadCanBeAnalysed) {
+TEST(ParsedFileAnalysis, HighestTreeCanBeAnalysed) {
     std::string source = "parfor k = 1:3\n";
     for (std::size_t i = 1; i < MAX_BLOCK_NESTING; ++i)
         source += "if a, elseif b\n";

@@ -19,13 +19,13 @@ using zt::orvex::testing::Random;
 using zt::orvex::testing::RandomProgram;
 using zt::orvex::testing::rounds;
 
-/// How many rounds a test runs: ZT_ORVEX_TEST_ROUNDS of the environment, or what it is given.
+/// The number of rounds: ZT_ORVEX_TEST_ROUNDS from the environment, or `usual`.
 std::size_t roundsToRun(std::size_t usual) {
     const char* text = std::getenv("ZT_ORVEX_TEST_ROUNDS");
     return text != nullptr ? std::strtoull(text, nullptr, 0) : rounds(usual);
 }
 
-/// Walks the whole tree, asks what a report asks, and prints it.
+/// Walks the whole tree, asks it what a report would ask, and prints it.
 void use(const ParsedFile& file) {
     std::size_t last = 0;
     for (const Diagnostic& diagnostic : file.diagnostics) {
@@ -54,7 +54,7 @@ std::string repeat(const std::string& piece, std::size_t size) {
     return text;
 }
 
-/// Drops, doubles or swaps characters of a text, or puts a token in.
+/// Drops, doubles or swaps characters of a text, or inserts a token.
 std::string mutate(Random& random, std::string text) {
     static const std::vector<std::string> TOKENS{
         "(",     ")",     "[",   "]", "{",    "}",      "'",           "\"",       "end",
@@ -79,7 +79,7 @@ std::string mutate(Random& random, std::string text) {
     return text;
 }
 
-TEST(Robustness, EmptyFileIsAnEmptyProgram) {
+TEST(ParsedFileRobustness, EmptyFileIsAnEmptyProgram) {
     for (const char* text : {"", "\n", "  ", "% c", "%{\n%}", "\r\n\r\n"}) {
         const ParsedFile file = testing::parse(text);
         EXPECT_FALSE(file.hasErrors()) << text;
@@ -88,7 +88,7 @@ TEST(Robustness, EmptyFileIsAnEmptyProgram) {
     }
 }
 
-TEST(Robustness, FileThatIsNotUtf8IsOneErrorAtThePlace) {
+TEST(ParsedFileRobustness, InvalidUtf8IsOneErrorAtItsPlace) {
     const ParsedFile file = testing::parse("x = 1;\n\xC3\xA9 \xFF;\n");
     EXPECT_FALSE(file.isUtf8);
     EXPECT_EQ(testing::dumpErrors(file), "2:3: the file is not UTF-8 from here on\n");
@@ -96,7 +96,7 @@ TEST(Robustness, FileThatIsNotUtf8IsOneErrorAtThePlace) {
     EXPECT_TRUE(testing::parse("x = '\xC3\xA9';").isUtf8);
 }
 
-TEST(Robustness, MutatedProgramsAreReadToTheEnd) {
+TEST(ParsedFileRobustness, MutatedProgramsAreParsedToTheEnd) {
     Random random;
     SCOPED_TRACE(random.describe());
     for (std::size_t i = 0; i < roundsToRun(3000); ++i) {
@@ -107,7 +107,7 @@ TEST(Robustness, MutatedProgramsAreReadToTheEnd) {
     }
 }
 
-TEST(Robustness, RandomTokensAreReadToTheEnd) {
+TEST(ParsedFileRobustness, RandomTokensAreParsedToTheEnd) {
     static const std::vector<std::string> TOKENS{
         "if",     "end",         "else",      "for",    "k",        "=",          "(",
         ")",      "[",           "]",         "{",      "}",        ";",          ",",
@@ -130,7 +130,7 @@ TEST(Robustness, RandomTokensAreReadToTheEnd) {
     }
 }
 
-TEST(Robustness, RandomBytesAreReadToTheEnd) {
+TEST(ParsedFileRobustness, RandomBytesAreParsedToTheEnd) {
     Random random;
     SCOPED_TRACE(random.describe());
     for (std::size_t i = 0; i < roundsToRun(2000); ++i) {
@@ -144,14 +144,14 @@ TEST(Robustness, RandomBytesAreReadToTheEnd) {
     }
 }
 
-TEST(Robustness, TenMegabytesOfBracketsAreOneError) {
+TEST(ParsedFileRobustness, TenMegabytesOfBracketsAreOneError) {
     const std::string error = "1:2001: the expression is nested deeper than 2000 levels\n";
     EXPECT_EQ(testing::errors(std::string(10'000'000, '(')), error);
     EXPECT_EQ(testing::errors(std::string(100'000, '[')), error);
     EXPECT_EQ(testing::errors(std::string(100'000, '{')), error);
 }
 
-TEST(Robustness, HighestTreeThatIsReadCanBeWalkedAndPrinted) {
+TEST(ParsedFileRobustness, HighestTreeCanBeWalkedAndPrinted) {
     std::string source;
     for (std::size_t i = 0; i < MAX_BLOCK_NESTING; ++i)
         source += "if a, elseif b\n";
@@ -166,8 +166,8 @@ TEST(Robustness, HighestTreeThatIsReadCanBeWalkedAndPrinted) {
     use(file);
 }
 
-TEST(Robustness, LongTextsThatAreWrongThroughoutTakeLinearTime) {
-    // Quadratic time would show as a test that does not end.
+TEST(ParsedFileRobustness, LongTextsFullOfErrorsTakeLinearTime) {
+    // In quadratic time, the test would hang.
     const std::size_t size = rounds(100'000);
     for (const char* piece : {"x = [1, 2\n",
                               "[* * 2\n",
@@ -203,7 +203,7 @@ TEST(Robustness, LongTextsThatAreWrongThroughoutTakeLinearTime) {
     }
 }
 
-TEST(Robustness, WritesFurtherDownDoNotMakeReadingQuadratic) {
+TEST(ParsedFileRobustness, LaterWritesDoNotMakeParsingQuadratic) {
     std::string source;
     for (std::size_t i = 0; i < 20000; ++i)
         source += "a" + std::to_string(i) + " -b\n";
