@@ -1,5 +1,5 @@
-// Bit sets: ours, Boost's, and plain loops over the words that leave at the first difference and
-// go over members bit by bit. LLVM's rows are in peers/LlvmBitSetRows.cpp.
+// Bit sets: ours, Boost's, and plain loops over the words that stop at the first difference and
+// visit members bit by bit. LLVM's rows are in peers/LlvmBitSetRows.cpp.
 
 #include "support/SetRows.h"
 
@@ -12,7 +12,7 @@
 namespace zt::orvex::benchmarks {
 namespace {
 
-/// A universe for each size, which outlives the sets.
+/// One universe per size; they outlive the sets.
 const flow::OrderedSet<std::uint64_t>& universeOf(std::size_t bits) {
     static std::map<std::size_t, flow::OrderedSet<std::uint64_t>> universes;
     flow::OrderedSet<std::uint64_t>& universe = universes[bits];

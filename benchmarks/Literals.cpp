@@ -1,5 +1,5 @@
-// Literals: validating beside the regular expressions of Boost (PCRE2's rows are in
-// peers/Pcre2Rows.cpp), and converting beside the conversions that it is built on.
+// Literals: validation against the regular expressions of Boost (PCRE2's rows are in
+// peers/Pcre2Rows.cpp), and conversion against the functions that it is built on.
 
 #include "support/LiteralRows.h"
 
@@ -21,7 +21,7 @@ using zt::orvex::internal::IntegerLiteralValue;
 template <typename Character>
 void validateOurs(benchmark::State& state, LiteralKind kind) {
     using View = std::basic_string_view<Character>;
-    // One function for each kind, chosen outside of the loop.
+    // One function per kind, chosen outside the loop.
     switch (kind) {
     case LiteralKind::Hexadecimal:
         return measureValidation<Character>(state, kind, [](View text) {
@@ -49,8 +49,7 @@ void validateByBoost(benchmark::State& state, LiteralKind kind) {
     });
 }
 
-/// Converts the well-formed literals of a kind; `convert` takes one text, and the sum of all must
-/// be that of `reference`.
+/// Converts the texts with `convert`; the sum of the results must equal that of `reference`.
 template <typename Text, typename Convert, typename Reference>
 void measureConversion(benchmark::State& state, const std::vector<Text>& texts, Convert convert,
                        Reference reference) {
@@ -81,8 +80,8 @@ double parseDoubleOurs(const std::basic_string<Character>& text) {
     return zt::orvex::internal::parseDoubleLiteral(text);
 }
 
-/// The steps that parsing has to take, and no others: one buffer, d as e, and fast_float.
-double parseDoubleBehindBuffer(const std::string& text) {
+/// Only the steps that parsing must take: copy to a buffer, replace d by e, call fast_float.
+double parseDoubleFromBuffer(const std::string& text) {
     const std::unique_ptr<char[]> buffer(new char[text.size() + 1]);
     for (std::size_t i = 0; i < text.size(); ++i)
         buffer[i] = (text[i] | 0x20) == 'd' ? 'e' : text[i];
@@ -91,7 +90,7 @@ double parseDoubleBehindBuffer(const std::string& text) {
     fast_float::from_chars(buffer.get(), buffer.get() + text.size(), value);
     return value;
 }
-double parseDoubleBehindBuffer(const std::u16string& text) {
+double parseDoubleFromBuffer(const std::u16string& text) {
     const std::unique_ptr<char16_t[]> buffer(new char16_t[text.size() + 1]);
     for (std::size_t i = 0; i < text.size(); ++i)
         buffer[i] = (text[i] | 0x20) == u'd' ? u'e' : text[i];
@@ -104,7 +103,7 @@ double parseDoubleBehindBuffer(const std::u16string& text) {
     return value;
 }
 
-/// Digits alone: neither prefix nor suffix to see, and one type of result.
+/// Only digits: no prefix, no suffix, and one type of result.
 struct Digits {
     std::string text;
     int radix;
@@ -126,7 +125,7 @@ std::vector<Digits> digitsOf(LiteralKind kind) {
     return digits;
 }
 
-/// The value's bits as a number, signed or not.
+/// The bits of the value as an unsigned number.
 double numberOf(const IntegerLiteralValue& value) {
     return boost::apply_visitor(
         [](auto number) {
@@ -183,12 +182,12 @@ void parseIntegersByCharconv(benchmark::State& state, LiteralKind kind) {
 template <typename Character>
 void registerParseDouble(const std::string& width) {
     using Text = std::basic_string<Character>;
-    const auto reference = [](const Text& text) { return parseDoubleBehindBuffer(text); };
+    const auto reference = [](const Text& text) { return parseDoubleFromBuffer(text); };
     const auto texts = inUnitsOf<Character>(wellFormed(LiteralKind::Double));
     registerRow("parse_double/ours/" + width, [=](benchmark::State& state) {
         measureConversion(state, texts, parseDoubleOurs<Character>, reference);
     });
-    registerRow("parse_double/fast_float_behind_buffer/" + width, [=](benchmark::State& state) {
+    registerRow("parse_double/fast_float_from_buffer/" + width, [=](benchmark::State& state) {
         measureConversion(state, texts, reference, reference);
     });
 }

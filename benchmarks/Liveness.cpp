@@ -1,5 +1,5 @@
-// Live variables from the program to the answer: our analyzer (constructor, one getter, destructor,
-// with all that it asks the tree) beside a hand-written limit. Clang's rows are in
+// Live variables, from the program to the answer: our analyzer (constructor, one getter,
+// destructor, and all its questions to the tree) against a hand-written limit. Clang's rows are in
 // peers/ClangLivenessRows.cpp.
 
 #include "support/Contest.h"
@@ -31,7 +31,7 @@ void analyse(benchmark::State& state, const Contest& contest) {
     reportPerItem(state, contest.program.statements);
 }
 
-/// As the first analysis of a process has it.
+/// The memory that the first analysis of a process meets.
 void analyseInFreshMemory(benchmark::State& state, const Contest& contest) {
     std::unordered_set<SymbolView> live;
     for (auto _ : state) {

@@ -1,5 +1,5 @@
-// The heap of the whole analysis: peak bytes and allocations for each statement, ours beside
-// Clang's. Prints a JSON object of the form that Google Benchmark has.
+// The heap use of a whole analysis: peak bytes and allocations per statement, ours against Clang's.
+// Prints a JSON object in the format of Google Benchmark.
 
 #include "support/Contest.h"
 #include "support/HeapCounter.h"

@@ -1,5 +1,5 @@
-// Looking up an element by its handle, in a random order that is known beforehand, so that look-ups
-// overlap. Abseil's rows are in peers/AbseilRows.cpp.
+// Looking up elements by handle, in a random order that doesn't depend on the results, so that
+// look-ups overlap. Abseil's rows are in peers/AbseilRows.cpp.
 
 #include "support/LookUpRows.h"
 #include "support/Register.h"

@@ -1,5 +1,5 @@
-// Reverse post-order of a graph with about two edges a node, the graph's building included: our
-// Digraph beside Boost's adjacency list and a traversal over compressed rows.
+// Reverse post-order of a graph with about two edges per node, including the construction of the
+// graph: our Digraph against Boost's adjacency list and a traversal of compressed sparse rows.
 //
 // "local": edges to the next node and to one at most 16 away, as in a flow graph. "random": both
 // ends anywhere.
@@ -50,7 +50,7 @@ Input makeInput(std::uint32_t nodes, bool isLocal) {
     return input;
 }
 
-/// Things to point to, of the size of an equation: only their addresses count.
+/// Objects of the size of an equation to point to; only their addresses matter.
 struct Thing {
     char bytes[64];
 };
@@ -71,7 +71,7 @@ std::size_t orderOurs(const Input& input, Thing* things) {
     return order->size();
 }
 
-/// The same with every end of every edge looked up by its hash.
+/// The same, with a hash look-up for both ends of each edge.
 std::size_t orderOursByNodes(const Input& input, Thing* things) {
     flow::Digraph<Thing*> graph;
     for (std::uint32_t i = 0; i < input.nodes; ++i)
@@ -123,7 +123,7 @@ std::size_t orderByBoost(const Input& input, Thing*) {
     using Graph = boost::adjacency_list<boost::vecS, boost::vecS, boost::directedS>;
     class Fill : public boost::default_dfs_visitor {
     public:
-        explicit Fill(std::uint32_t*& behind) : place(&behind) {}
+        explicit Fill(std::uint32_t*& end) : place(&end) {}
         void finish_vertex(Graph::vertex_descriptor vertex, const Graph&) const {
             *--*place = static_cast<std::uint32_t>(vertex);
         }

@@ -1,5 +1,5 @@
-// Solving alone: the round robin over the equations of a program, beside a hand-written limit that
-// also builds its flow graph.
+// Solving alone: round-robin iteration over the equations of a program, against a hand-written
+// limit that also builds its flow graph.
 
 #include "analysis/LiveVariableAnalysis.h"
 #include "support/Contest.h"
@@ -28,8 +28,7 @@ void solve(
     reportPerItem(state, contest.program.statements);
 }
 
-/// A universe that has grown since the equations were built is one of the cases in which the solver
-/// asks the terms.
+/// If the universe has grown since the equations were built, the solver evaluates the terms.
 void solveOverTerms(benchmark::State& state, const Contest& contest) {
     flow::OrderedSet<SymbolView> universe = contest.tree.universe();
     const SymbolView another{contest.program.variables, contest.tree.statements().view};

@@ -1,5 +1,5 @@
-// Looking up short names, as a lexer has them: views into one text. Ours beside the hash map that
-// one would write without thinking, which makes a string for each look-up.
+// Looking up short names as a lexer does, from views into one text: ours against the obvious hash
+// map, which constructs a string for each look-up.
 
 #include "support/PerItem.h"
 #include "support/Random.h"
@@ -17,7 +17,7 @@
 namespace zt::orvex::benchmarks {
 namespace {
 
-/// Different names of at most 16 bytes.
+/// Distinct names of at most 16 bytes.
 std::vector<std::string> makeNames(std::size_t count) {
     static constexpr const char* PARTS[] = {"x",   "y",    "idx", "count", "tmp", "node",
                                             "row", "col",  "num", "value", "out", "in",
@@ -33,7 +33,7 @@ std::vector<std::string> makeNames(std::size_t count) {
     return names;
 }
 
-/// Names of the list in random order, one after the other in one text.
+/// Names of the list in random order, concatenated in one text.
 class Queries {
 public:
     explicit Queries(const std::vector<std::string>& names) {
@@ -57,7 +57,7 @@ public:
     std::vector<std::string_view> views;
 };
 
-/// `find` gives the size of the value under a name; here each value is the name in UTF-16.
+/// `find` returns the size of the value under a name; each value is the name in UTF-16.
 template <typename Find>
 void measure(benchmark::State& state, const Queries& queries, Find find) {
     std::size_t size = 0;

@@ -1,5 +1,5 @@
-// Walking a tree with a function object that counts: forEachNodeIn beside a recursion over arrays,
-// which asks nobody. Clang's rows are in peers/ClangWalkRows.cpp.
+// Walking a tree with a function object that counts: forEachNodeIn against a recursion over arrays,
+// which needs no interface. Clang's rows are in peers/ClangWalkRows.cpp.
 
 #include "support/GeneratedSource.h"
 #include "support/PerItem.h"
@@ -13,7 +13,7 @@
 namespace zt::orvex::benchmarks {
 namespace {
 
-/// The same tree with nothing virtual: kind and a run of children.
+/// The same tree without virtual functions: a kind and a run of children per node.
 struct PlainTree {
     struct Node {
         std::uint32_t kind, first, count;

@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
 """usage: summarize.py RESULTS_DIR
 
-Prints the goals with what a run of scripts/benchmark.sh measured, as a Markdown table, and below it
-what lost. A figure is the least of its repetitions: other work on the machine only ever adds to it.
+Prints a Markdown table of the goals and what a run of scripts/benchmark.sh measured, and one of the
+rejected variants. A figure is the minimum over the repetitions: other load on the machine can only
+add to it.
 """
 
 import json
@@ -12,7 +13,7 @@ import sys
 
 
 class Results:
-    """Figures by name: nanoseconds for an item, or what a program of its own has counted."""
+    """Figures by name: nanoseconds per item, or counts from liveness_memory."""
 
     def __init__(self, directory):
         self.figures = {}
@@ -35,7 +36,7 @@ class Results:
                 self.figures[key] = min(row[unit], self.figures.get(key, row[unit]))
 
     def best(self, names):
-        """The least of the figures that are there, or nothing."""
+        """The minimum of the figures that exist, or None."""
         return min((self.figures[n] for n in names if n in self.figures), default=None)
 
 
@@ -107,16 +108,16 @@ def analysis_rows(table):
         for variables in (16, 256):
             for row, where in (("analysis", ""), ("analysis_in_fresh_memory", "in fresh memory, ")):
                 name = f"{row}/ours/{shape}/S:%d/V:{variables}"
-                table.row(f"a statement at S 10,000, {where}{shape}, V {variables}", "at S 1,000",
+                table.row(f"time per statement at S 10,000, {where}{shape}, V {variables}", "at S 1,000",
                           name % 10000, name % 1000, 1.5)
     for variables, goal in ((16, 0.8), (256, 0.5)):
         end = f"nested/S:1000/V:{variables}/bytes_per_item"
-        table.row(f"peak heap, bytes a statement, nested, V {variables}", "Clang",
+        table.row(f"peak heap, bytes per statement, nested, V {variables}", "Clang",
                   "memory/ours/" + end, "memory/clang/" + end, goal)
-        table.absolute(f"peak heap, bytes a statement, nested, V {variables}",
+        table.absolute(f"peak heap, bytes per statement, nested, V {variables}",
                        "memory/ours/" + end, 2048)
     for variables in (16, 256):
-        table.absolute(f"heap allocations a statement, nested, V {variables}",
+        table.absolute(f"heap allocations per statement, nested, V {variables}",
                        f"memory/ours/nested/S:1000/V:{variables}/allocations_per_item", 8)
 
 
@@ -157,8 +158,8 @@ def literal_rows(table):
         table.row(f"validating, 16-bit, {kind}", "PCRE2-16 JIT",
                   f"validate/ours_16/{kind}", f"validate/pcre2_16_jit/{kind}", 0.8)
     for width in ("8", "16"):
-        table.row(f"parsing doubles, {width}-bit", "fast_float behind one buffer",
-                  f"parse_double/ours/{width}", f"parse_double/fast_float_behind_buffer/{width}",
+        table.row(f"parsing doubles, {width}-bit", "fast_float after one copy",
+                  f"parse_double/ours/{width}", f"parse_double/fast_float_from_buffer/{width}",
                   1.2)
     for kind in ("hexadecimal", "binary"):
         for width in ("8", "16"):
@@ -178,37 +179,37 @@ def look_up_rows(table):
 
 
 def walk_rows(table):
-    table.row("forEachNodeIn, a node", "ideal_array", "walk/ours", "walk/ideal_array", 1.5)
-    table.row("forEachNodeIn, a node", "RecursiveASTVisitor", "walk/ours",
+    table.row("forEachNodeIn, per node", "ideal_array", "walk/ours", "walk/ideal_array", 1.5)
+    table.row("forEachNodeIn, per node", "RecursiveASTVisitor", "walk/ours",
               "walk/clang_RecursiveASTVisitor", 0.45)
 
 
-LOSERS = (
+REJECTED = (
     (r"bitset/(equality|subset|iteration_100_per_mille)/(?:ours|plain_loops)/bits:64000",
      "ours", "plain_loops", "plain loops over words and bits"),
     (r"rpo/(?:ours|ours_by_nodes)/(local|random)/n:10000", "ours", "ours_by_nodes",
-     "every end of an edge looked up by its hash"),
+     "both ends of each edge looked up by hash"),
     (r"ordered_set/(?:ours|std_unordered_map)/(n:\d+)", "ours", "std_unordered_map",
      "chained buckets instead of open addressing"),
     (r"solve/(?:ours|ours_over_terms)/(.*)", "ours", "ours_over_terms",
-     "sweeps that call each term instead of the tape"),
+     "sweeps that call each term instead of compiled steps"),
 )
 
 
 def by_number(item):
-    """So that n:100 stands before n:10000."""
+    """A sort key that puts n:100 before n:10000."""
     return [int(part) if part.isdigit() else part for part in re.split(r"(\d+)", item[0])]
 
 
-def print_losers(results):
-    print("\n| What lost | Row | Ours, ns | It, ns | Times as long |\n|---|---|---:|---:|---:|")
-    for pattern, winner, loser, what in LOSERS:
+def print_rejected(results):
+    print("\n| Rejected variant | Row | Ours, ns | It, ns | Times as long |\n|---|---|---:|---:|---:|")
+    for pattern, winner, rejected, what in REJECTED:
         for name, figure in sorted(results.figures.items(), key=by_number):
-            if not re.fullmatch(pattern, name) or f"/{loser}/" not in name:
+            if not re.fullmatch(pattern, name) or f"/{rejected}/" not in name:
                 continue
-            ours = results.best([name.replace(f"/{loser}/", f"/{winner}/")])
+            ours = results.best([name.replace(f"/{rejected}/", f"/{winner}/")])
             if ours is not None:
-                print(f"| {what} | {name.replace('/' + loser, '')} | {number(ours)} "
+                print(f"| {what} | {name.replace('/' + rejected, '')} | {number(ours)} "
                       f"| {number(figure)} | {figure / ours:.1f} |")
 
 
@@ -218,7 +219,7 @@ def main():
     for rows in (analysis_rows, walk_rows, bitset_rows, order_rows, literal_rows, look_up_rows):
         rows(table)
     print(f"\nMissed: {', '.join(table.missed) if table.missed else 'none'}.")
-    print_losers(results)
+    print_rejected(results)
     for name, message in results.wrong:
         print(f"WRONG: {name}: {message}", file=sys.stderr)
     return 1 if results.wrong else 0

@@ -1,10 +1,10 @@
 // Runs a fuzzer without a fuzzing engine.
 //
 //   X_standalone [--bytes TEXT] [--seed N] [--rounds N]   on random inputs
-//   X_standalone FILE...                                  on these
+//   X_standalone FILE...                                  on the given files
 //
-// Half of the random inputs consist of all bytes alike; the other half of zeros and the bytes of
-// TEXT, so that what matters to the fuzzer meets often.
+// Half of the random inputs draw from all bytes uniformly; the other half draw from zeros and the
+// bytes of TEXT, so that the bytes that matter to the fuzzer meet often.
 #include "testing/Random.h"
 
 #include <cstddef>
@@ -60,7 +60,7 @@ bool runOnFile(const char* name) {
     return true;
 }
 
-/// Whether the argument was an option, whose value follows it.
+/// Whether `name` is an option; if so, sets it to `value`.
 bool takeOption(Options& options, const char* name, const char* value) {
     if (std::strcmp(name, "--bytes") == 0)
         options.bytes.insert(options.bytes.end(), value, value + std::strlen(value));

@@ -7,17 +7,17 @@
 
 namespace zt::orvex::benchmarks {
 
-/// A generated program as Clang sees it: parsed once, analysed as often as one likes.
+/// A generated program as Clang sees it: parsed once, analysed any number of times.
 class ClangProgram {
 public:
     explicit ClangProgram(const GeneratedProgram& program);
     ~ClangProgram();
 
-    /// Builds the control-flow graph, computes what is live and frees all of it. Gives the seconds
-    /// that this took; reading the answer into `liveAtEntry` is not among them.
+    /// Builds the control-flow graph, computes the live variables and frees everything. Returns the
+    /// seconds that this took, without the copy of the answer to `liveAtEntry`.
     ///
-    /// Every expression is an element of the graph, as in Clang's static analyzer: with fewer the
-    /// answers stay right, but live expressions pile up and it takes many times as long.
+    /// Every expression is an element of the graph, as in Clang's static analyzer. With fewer, the
+    /// answers are the same, but live expressions accumulate and slow the analysis down.
     double analyse(LiveWords& liveAtEntry) const;
 
 private:

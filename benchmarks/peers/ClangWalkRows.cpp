@@ -15,7 +15,7 @@
 namespace zt::orvex::benchmarks {
 namespace {
 
-/// Hands every node to a function object, as our walk does.
+/// Passes every node to a function object, as our walk does.
 class Caller : public clang::RecursiveASTVisitor<Caller> {
 public:
     explicit Caller(const std::function<void(const void*)>& toCall) : callback(toCall) {}

@@ -9,7 +9,7 @@
 
 namespace zt::orvex::benchmarks {
 
-/// A program as numbers: one node for each statement, in source order, and an exit numbered
+/// A flow graph in arrays: one node per statement, in source order, and an exit with the number
 /// `nodes`. A node has at most two successors, defines one variable and uses two.
 struct FlowGraph {
     static constexpr std::uint32_t NONE = ~std::uint32_t{0};
@@ -24,7 +24,7 @@ inline FlowGraph buildFlowGraph(const GeneratedProgram& program) {
         std::uint32_t head;
         bool isLoop;
         bool hasElse;
-        std::vector<std::uint32_t> ends; // breaks, or the end of the branch before the else
+        std::vector<std::uint32_t> ends; // breaks, or the end of the branch before `else`
     };
     FlowGraph graph;
     graph.successors.assign(2 * std::size_t{program.statements}, FlowGraph::NONE);
@@ -32,7 +32,7 @@ inline FlowGraph buildFlowGraph(const GeneratedProgram& program) {
     graph.usedLeft.assign(program.statements, FlowGraph::NONE);
     graph.usedRight.assign(program.statements, FlowGraph::NONE);
     std::vector<Frame> frames;
-    std::vector<std::uint32_t> pending; // places of successors that wait for the next node
+    std::vector<std::uint32_t> pending; // indices of successors to set to the next node
     const auto connect = [&](std::uint32_t to) {
         for (const std::uint32_t place : pending)
             graph.successors[place] = to;

@@ -9,11 +9,11 @@
 
 namespace zt::orvex::benchmarks {
 
-/// Bits of the variables that are live at the entry of a program.
+/// One bit per variable: whether it is live on entry to the program.
 using LiveWords = std::vector<std::uint64_t>;
 
-/// A limit for the same work: nothing but the flow graph as numbers and one array of bits, swept in
-/// reverse source order until nothing changes. It has no tree to ask and keeps no names.
+/// A limit for the same work: only the flow graph in arrays and one array of bits, swept in reverse
+/// source order until nothing changes. It has no tree to query and keeps no names.
 inline LiveWords idealRoundRobin(const GeneratedProgram& program) {
     const FlowGraph graph = buildFlowGraph(program);
     const std::uint32_t width = (program.variables + 63) / 64;

@@ -1,5 +1,4 @@
-# What a user could pick instead, where the machine has it. Each peer becomes an imported target;
-# without it, its rows are left out.
+# The alternatives that the machine has. Each becomes a target; the rows of the others are left out.
 
 function(zt_orvex_find_peer name header suffixes)
     find_path(PEER_${name}_INCLUDE NAMES ${header} PATH_SUFFIXES ${suffixes}

@@ -13,7 +13,7 @@
 
 namespace zt::orvex::benchmarks {
 
-/// One program of the liveness benchmarks, in the forms that need no peer, with the answer.
+/// One program of the liveness benchmarks in the forms that need no peer, and its answer.
 struct Contest {
     Contest(Shape shape, std::uint32_t statements, std::uint32_t variables)
         : program(generateProgram(shape, statements, variables)), tree(program),
@@ -37,7 +37,7 @@ struct Contest {
     LiveWords expected;
 };
 
-/// The end of a benchmark's name, such as "nested/S:1000/V:16".
+/// The end of the name of a row, such as "nested/S:1000/V:16".
 inline std::string nameOf(Shape shape, std::uint32_t statements, std::uint32_t variables) {
     return std::string(nameOf(shape)) + "/S:" + std::to_string(statements) +
            "/V:" + std::to_string(variables);

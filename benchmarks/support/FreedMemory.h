@@ -6,21 +6,21 @@
 
 namespace zt::orvex::benchmarks {
 
-/// Has the allocator keep what is freed.
+/// Makes the allocator keep freed memory.
 ///
-/// glibc gives the end of the heap back to the system when much of it is free, and fetches it anew,
-/// page by page, when it is needed again. Whether it does depends on the largest piece that the
-/// process has ever freed, and on what else lies at the end: so a row would depend on the rows that
-/// ran before it. The rows named "in_fresh_memory" show what fetching costs.
+/// By default, glibc returns the end of the heap to the system if much of it is free, and then
+/// faults it in again page by page. Whether it does depends on the largest block that the process
+/// has ever freed and on what else is at the end, so a row would depend on the rows that ran before
+/// it. The rows named "in_fresh_memory" show what the page faults cost.
 inline void keepFreedMemory() {
 #ifdef __GLIBC__
     constexpr int MIB = 1 << 20;
     mallopt(M_TRIM_THRESHOLD, 1024 * MIB);
-    mallopt(M_MMAP_THRESHOLD, 32 * MIB); // the most that it allows
+    mallopt(M_MMAP_THRESHOLD, 32 * MIB); // the maximum
 #endif
 }
 
-/// Gives all that is free back to the system.
+/// Returns all free memory to the system.
 inline void giveFreedMemoryBack() {
 #ifdef __GLIBC__
     malloc_trim(0);

@@ -28,7 +28,7 @@ inline const char* nameOf(LiteralKind kind) {
     return "";
 }
 
-/// 256 literals of a kind. One in eight has a character too many, which mostly spoils it.
+/// 256 literals of a kind. One in eight has an extra character, which usually makes it malformed.
 inline std::vector<std::string> generateLiterals(LiteralKind kind) {
     Random random(21 + static_cast<std::uint64_t>(kind));
     const auto digits = [&](std::uint32_t count, std::string_view set) {

@@ -11,7 +11,7 @@
 namespace zt::orvex::benchmarks {
 
 // Programs of a given shape and size, as one structured list of instructions. Each contestant gets
-// it in its own form: our tree, a C function, a flow graph of numbers.
+// them in its own form: our tree, a C function, a flow graph in arrays.
 
 enum class Shape { Straight, Nested, Loops };
 
@@ -33,7 +33,7 @@ enum class Op { Assign, While, EndWhile, If, Else, EndIf, Break, Continue };
 
 struct Instruction {
     Op op;
-    std::uint32_t target, left, right; ///< target = left + right; or the condition left < right
+    std::uint32_t target, left, right; ///< target = left + right, or the condition left < right
 };
 
 struct GeneratedProgram {
@@ -44,8 +44,8 @@ struct GeneratedProgram {
 
 /// At least `statements` statements over `variables` variables, drawn uniformly.
 ///
-/// Nested: loops three deep around an if with both branches. Loops: one after the other, each with
-/// a conditional break and a conditional continue.
+/// Nested: loops three deep around an if with both branches. Loops: in sequence, each with a
+/// conditional break and a conditional continue.
 inline GeneratedProgram generateProgram(Shape shape, std::uint32_t statements,
                                         std::uint32_t variables) {
     GeneratedProgram program;

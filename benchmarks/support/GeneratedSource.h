@@ -8,8 +8,8 @@
 
 namespace zt::orvex::benchmarks {
 
-/// Functions full of nested expressions, once as C text and once as a tree of ours, node for node
-/// as far as the two languages go.
+/// Functions full of nested expressions, both as C text and as a tree of ours, node for node as far
+/// as the two languages allow.
 class GeneratedSource {
 public:
     explicit GeneratedSource(int functions) {
@@ -84,8 +84,8 @@ private:
         return tree.parenthesized(tree.binary(BinaryOperator::Add, left, right));
     }
 
-    /// In C, reading a variable is a conversion, which is a node around the variable. Ours has
-    /// parentheses in its place.
+    /// In C, reading a variable is a conversion, with a node around that of the variable. Our tree
+    /// has parentheses in its place.
     ArrayTree::Node read() { return tree.parenthesized(variable()); }
 
     ArrayTree::Node variable() {
@@ -97,11 +97,11 @@ private:
     Random random{4};
 };
 
-/// How long a row walks at least. The first walk finds the tree of another row in the caches, and
-/// takes longer than the rest.
+/// The minimum duration of a row. Its first walk takes longer than the others, because it finds the
+/// tree of another row in the caches.
 constexpr double WALK_SECONDS = 0.1;
 
-/// One for all rows. 2,000 functions: more nodes than the private caches of a core hold.
+/// One for all rows. With 2,000 functions, it exceeds the private caches of a core.
 inline const GeneratedSource& generatedSource() {
     static const GeneratedSource source(2000);
     return source;

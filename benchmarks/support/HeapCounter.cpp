@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <malloc.h>
 
-// The names under which glibc keeps its own allocator.
+// The names of glibc's own allocator.
 extern "C" {
 void* __libc_malloc(std::size_t size);
 void* __libc_calloc(std::size_t count, std::size_t size);

@@ -14,7 +14,7 @@
 
 namespace zt::orvex::benchmarks {
 
-/// The library's 8-bit pattern of a kind; for a double also its 16-bit one.
+/// The library's 8-bit pattern for a kind; for doubles, the 16-bit one if `isWide`.
 inline std::string_view patternOf(LiteralKind kind, bool isWide) {
     switch (kind) {
     case LiteralKind::Hexadecimal:
@@ -44,7 +44,7 @@ bool isWellFormed(std::basic_string_view<Character> text, LiteralKind kind) {
     return false;
 }
 
-/// How many of the 256 are well-formed, by the other width than the one measured.
+/// How many of the 256 are well-formed, according to the 8-bit functions.
 inline std::size_t countWellFormed(LiteralKind kind) {
     std::size_t count = 0;
     for (const std::string& text : generateLiterals(kind))

@@ -12,10 +12,10 @@ namespace zt::orvex::benchmarks {
 
 constexpr std::size_t LOOK_UP_SIZES[] = {100, 10000, 1000000};
 
-/// Handles of nodes of 64 bytes in a pool.
+/// Handles like those of nodes of 64 bytes in a pool.
 inline std::uint64_t handleAt(std::uint64_t index) { return 0x55d000001000ull + index * 64; }
 
-/// `find` gives the index of a handle that is there.
+/// `find` returns the index of a handle; all handles are in the set.
 template <typename Find>
 void measureLookUps(benchmark::State& state, std::size_t count, Find find) {
     std::vector<std::uint64_t> handles(std::min<std::size_t>(count * 4, 1u << 17));

@@ -7,7 +7,7 @@
 
 namespace zt::orvex::benchmarks {
 
-/// Registers a row that is made at run time: `measure` takes the state.
+/// Registers a row whose name is computed at run time; `measure` takes the state.
 template <typename Measure>
 benchmark::internal::Benchmark* registerRow(const std::string& name, Measure measure) {
     return benchmark::RegisterBenchmark(name.c_str(), std::move(measure));

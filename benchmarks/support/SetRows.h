@@ -12,18 +12,18 @@
 
 namespace zt::orvex::benchmarks {
 
-// The rows of one bit set class. `Set` adapts it: a constructor from a number of bits, `insert`,
-// `unite`, `intersect`, `subtract`, `equals`, `isSubsetOf`, and `sum` of the indices of the
-// members.
+// The rows of one bit set class. `Set` adapts the class: a constructor from a number of bits,
+// `insert`, `unite`, `intersect`, `subtract`, `equals`, `isSubsetOf`, and `sum`, which adds up the
+// indices of the members.
 
 constexpr std::size_t SET_SIZES[] = {64, 1000, 64000, 1000000};
 
-/// All compare with the same function of the C library, a quarter faster in one place of three:
-/// enough places that each class meets one.
+/// All classes compare with the same function of the C library, whose speed depends on alignment:
+/// enough placements for each class to meet a fast one.
 constexpr int PLACES_OF_EQUALS = 21;
 
 /// Pairs of equal sets with the given density. Small ones are used in turn, so that no operation
-/// waits for what the one before has stored.
+/// waits for the stores of the previous one.
 template <typename Set>
 struct SetPairs {
     SetPairs(std::size_t bits, std::uint32_t perMille) {
@@ -46,8 +46,8 @@ struct SetPairs {
     std::uint64_t sum = 0; ///< of the indices of all members on one side
 
 private:
-    /// How fast a loop runs also depends on where its sets lie, and how they lie to each other:
-    /// each set of each measurement has a new place.
+    /// The speed of a loop also depends on the alignment of its sets, and on their distance: each
+    /// set of each measurement gets a new place.
     std::unique_ptr<Set> newSet(std::size_t bits) {
         static Random places(10);
         spacers.emplace_back(new char[places.below(static_cast<std::uint32_t>(bits / 8))]);
@@ -57,7 +57,7 @@ private:
     std::vector<std::unique_ptr<char[]>> spacers;
 };
 
-/// `operation` gives a number for each pair; together they must give `expected`.
+/// `operation` returns a number for each pair; their sum must be `expected`.
 template <typename Set, typename Operation>
 void measureSets(benchmark::State& state, SetPairs<Set>& pairs, std::uint64_t expected,
                  Operation operation) {

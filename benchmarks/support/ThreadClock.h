@@ -4,8 +4,8 @@
 
 namespace zt::orvex::benchmarks {
 
-/// Seconds of processor time that this thread has taken: other work on the machine disturbs it
-/// less than it does the time on the wall.
+/// The processor time of this thread in seconds. Other load on the machine disturbs it less than
+/// wall-clock time.
 inline double threadSeconds() {
     std::timespec now{};
     clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);

@@ -7,7 +7,7 @@
 #include <random>
 #include <string>
 
-// Sanitizers slow random tests down by an order of magnitude; such builds do fewer rounds.
+// Sanitizers slow random tests down by an order of magnitude, so their builds run fewer rounds.
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 #define ZT_ORVEX_TEST_SANITIZED 1
 #elif defined(__has_feature)
@@ -27,16 +27,16 @@ constexpr std::size_t rounds(std::size_t full) {
     return ZT_ORVEX_TEST_SANITIZED == 0 ? full : full / 10 + 1;
 }
 
-/// The seed of this run: a fixed number, or ZT_ORVEX_TEST_SEED of the environment.
+/// The seed of this run: ZT_ORVEX_TEST_SEED from the environment, or a fixed number.
 inline std::uint64_t getSeed() {
     const char* text = std::getenv("ZT_ORVEX_TEST_SEED");
     return text != nullptr ? std::strtoull(text, nullptr, 0) : 20240229;
 }
 
-/// Random numbers that are the same on every platform, as the distributions of the standard
-/// library are not.
+/// Random numbers that are the same on every platform, unlike the distributions of the standard
+/// library.
 ///
-/// Print the seed with a failure, so that the run can be had again:
+/// Print the seed with a failure, so that the run can be repeated:
 ///
 ///   Random random;
 ///   SCOPED_TRACE(random.describe());
@@ -47,25 +47,25 @@ public:
 
     std::uint64_t next() { return engine(); }
 
-    /// Below `limit`, which must not be 0. The bias is one of 2^64 parts of the limit.
+    /// Below `limit`, which must not be 0. The bias is at most `limit` / 2^64.
     std::size_t below(std::size_t limit) { return static_cast<std::size_t>(next() % limit); }
 
-    /// From `first` to `last`, both possible.
+    /// From `first` to `last`, inclusive.
     std::size_t between(std::size_t first, std::size_t last) {
         return first + below(last - first + 1);
     }
 
-    /// True once in `n` times.
+    /// True with probability 1 / `n`.
     bool oneIn(std::size_t n) { return below(n) == 0; }
 
-    /// One of the elements of a container or an array that is not empty.
+    /// An element of a container or array, which must not be empty.
     template <typename Range>
     decltype(auto) pick(const Range& range) {
         const auto size = static_cast<std::size_t>(std::size(range));
         return *std::next(std::begin(range), static_cast<std::ptrdiff_t>(below(size)));
     }
 
-    /// The line to print with a failure.
+    /// The text to print with a failure.
     std::string describe() const { return "ZT_ORVEX_TEST_SEED=" + std::to_string(seed); }
 
 private:
