@@ -68,7 +68,7 @@ std::string noteOf(const Variable& variable) {
         return noteOfRead(variable);
     case Role::Carried:
         return firstUse(variable) + "; last written at " + at(variable.lastWrite) +
-               ", for a later iteration";
+               ", for another iteration";
     case Role::Updated:
         return firstUse(variable) + "; last written at " + at(variable.lastWrite);
     case Role::NamedOnly:

@@ -45,8 +45,8 @@ TEST(TextReport, ShowsTheRoleOfEachVariable) {
     EXPECT_EQ(
         textOf("s = 0; x = 1:9;\nparfor k = 1:9\n  t = x(k);\n  s = s + t;\n  y(k) = t;\nend"),
         "test.ost:2:1: parfor over k\n"
-        "    s  carried            first read at 4:7, on every path; last written at 4:3, for a"
-        " later\n"
+        "    s  carried            first read at 4:7, on every path; last written at 4:3, for "
+        "another\n"
         "                          iteration\n"
         "    x  read from outside  first read at 3:7, on every path; each iteration reads its own"
         " elements\n"
@@ -141,7 +141,7 @@ TEST(TextReport, NotesMoveBelowIfThereIsLittleRoom) {
                 HasSubstr("    s  carried\n"
                           "        first read at 2:21, on every\n"
                           "        path; last written at 2:17, for\n"
-                          "        a later iteration\n"));
+                          "        another iteration\n"));
 }
 
 TEST(TextReport, ManyErrorsAreCounted) {
