@@ -1,7 +1,7 @@
 // Solving alone: round-robin iteration over the equations of a program, against a hand-written
 // limit that also builds its flow graph.
 
-#include "analysis/LiveVariableAnalysis.h"
+#include "analysis/Liveness.h"
 #include "support/Contest.h"
 #include "support/PerItem.h"
 
@@ -16,9 +16,9 @@ namespace {
 void solve(
     benchmark::State& state, const Contest& contest, const flow::OrderedSet<SymbolView>& universe,
     const std::function<void()>& prepare = [] {}) {
-    flow::internal::LiveVariableAnalysis analysis(universe, contest.tree.statements(),
-                                                  flow::AnalysisTypeView::May,
-                                                  flow::AnalysisModeView::Plain, {}, nullptr);
+    flow::internal::Liveness analysis(universe, contest.tree.statements(),
+                                      flow::AnalysisTypeView::May, flow::AnalysisModeView::Plain,
+                                      {}, nullptr);
     prepare();
     std::uint64_t sweeps = 0;
     for (auto _ : state)

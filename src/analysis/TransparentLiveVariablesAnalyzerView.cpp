@@ -1,6 +1,6 @@
 #include <zt_orvex/analysis/TransparentLiveVariablesAnalyzerView.h>
 
-#include "analysis/LiveVariableAnalysis.h"
+#include "analysis/Liveness.h"
 
 #include <utility>
 
@@ -12,17 +12,17 @@ const std::unordered_set<SymbolView> noSubscriptVariables;
 
 } // namespace
 
-class TransparentLiveVariablesAnalyzerView::Impl final : public internal::LiveVariableAnalysis {
+class TransparentLiveVariablesAnalyzerView::Impl final {
 public:
-    using LiveVariableAnalysis::LiveVariableAnalysis;
+    internal::Liveness liveness;
 };
 
 TransparentLiveVariablesAnalyzerView::TransparentLiveVariablesAnalyzerView(
     const OrderedSet<SymbolView>& universe, StatementRangeView statements, AnalysisTypeView type,
     AnalysisModeView mode, const std::unordered_set<SymbolView>& subscriptVariables,
     std::function<std::string(NodeView)> nodePrinter)
-    : impl(std::make_unique<Impl>(universe, statements, type, mode, subscriptVariables,
-                                  std::move(nodePrinter))) {}
+    : impl(new Impl{internal::Liveness(universe, statements, type, mode, subscriptVariables,
+                                       std::move(nodePrinter))}) {}
 
 TransparentLiveVariablesAnalyzerView::TransparentLiveVariablesAnalyzerView(
     const OrderedSet<SymbolView>& universe, StatementRangeView statements, AnalysisTypeView type,
@@ -33,11 +33,11 @@ TransparentLiveVariablesAnalyzerView::TransparentLiveVariablesAnalyzerView(
 TransparentLiveVariablesAnalyzerView::~TransparentLiveVariablesAnalyzerView() = default;
 
 std::unordered_set<SymbolView> TransparentLiveVariablesAnalyzerView::getVariablesLiveAtEntry() {
-    return impl->liveAtEntry().toElementSet();
+    return impl->liveness.liveAtEntry().toElementSet();
 }
 
 std::unordered_set<SymbolView> TransparentLiveVariablesAnalyzerView::getVariablesNotLiveAtEntry() {
-    return impl->liveAtEntry().toComplementElementSet();
+    return impl->liveness.liveAtEntry().toComplementElementSet();
 }
 
 std::string TransparentLiveVariablesAnalyzerView::toString() const {

@@ -1,5 +1,5 @@
 #include "analysis/AnalysisFixture.h"
-#include "analysis/LiveVariableAnalysis.h"
+#include "analysis/Liveness.h"
 #include "analysis/RandomTree.h"
 #include "testing/Random.h"
 
@@ -24,15 +24,14 @@
 namespace zt::orvex::testing {
 namespace {
 
-using flow::internal::LiveVariableAnalysis;
+using flow::internal::Liveness;
 using ::testing::ThrowsMessage;
 
 // What an analysis costs, as counts: nothing here looks at a clock.
 class AnalysisCost : public AnalysisFixture {
 protected:
     std::uint64_t sweeps(const Nodes& statements, Type type = MAY) {
-        return LiveVariableAnalysis(universe, block(statements), type, PLAIN, {}, nullptr)
-            .numberOfSweeps();
+        return Liveness(universe, block(statements), type, PLAIN, {}, nullptr).numberOfSweeps();
     }
 
     // Runs `work` on a stack of a size of its own.
@@ -105,8 +104,7 @@ TEST_F(AnalysisCost, WhatDoesNotLoopTakesTwoSweepsAtMost) {
         for (const std::string& name : RandomTree::names())
             all.add(builder.symbol(name));
         for (const Type type : {MAY, MUST}) {
-            const LiveVariableAnalysis analysis(all, builder.block(tree.statements()), type, ANS,
-                                                {}, nullptr);
+            const Liveness analysis(all, builder.block(tree.statements()), type, ANS, {}, nullptr);
             ASSERT_LE(analysis.numberOfSweeps(), 2u);
         }
     }
@@ -164,8 +162,7 @@ protected:
             if (call.operation == Operation::getNodeKind) ++kindsOfNodes[call.arguments[0]];
         };
         // How deep it goes is another question.
-        runOnStackOf(
-            512, [&] { LiveVariableAnalysis(universe, range, type, mode, symbols("k"), nullptr); });
+        runOnStackOf(512, [&] { Liveness(universe, range, type, mode, symbols("k"), nullptr); });
         ast.onCall = nullptr;
     }
 

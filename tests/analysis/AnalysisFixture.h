@@ -1,7 +1,8 @@
 #pragma once
 
-#include "analysis/LiveVariableAnalysis.h"
-#include "analysis/ReadWriteCollector.h"
+#include "analysis/GenKillSets.h"
+#include "analysis/HeadEffects.h"
+#include "analysis/Liveness.h"
 #include "testing/PrintTo.h"
 #include "testing/TreeBuilder.h"
 
@@ -73,12 +74,11 @@ protected:
     /// What the header of one statement reads and writes, as "gen a b kill x".
     std::string effects(const NodeView& statement, Type type = MAY, Mode mode = PLAIN,
                         const std::string& subscriptVariables = "") {
-        flow::internal::ReadWriteCollector collector(type, mode, symbols(subscriptVariables),
-                                                     universe);
-        collector.clear();
-        collector.collect(statement);
-        const std::string gen = namesOf(collector.gen());
-        const std::string kill = namesOf(collector.kill());
+        flow::internal::GenKillSets sets(universe, type, mode);
+        flow::internal::HeadEffects(universe, mode, symbols(subscriptVariables), sets)
+            .report(statement);
+        const std::string gen = namesOf(sets.gen());
+        const std::string kill = namesOf(sets.kill());
         return (gen.empty() ? "" : "gen " + gen) + (gen.empty() || kill.empty() ? "" : " ") +
                (kill.empty() ? "" : "kill " + kill);
     }
@@ -86,8 +86,8 @@ protected:
     /// What is live at the entry of the statements.
     std::string live(const Nodes& statements, Type type = MAY, Mode mode = PLAIN,
                      const std::string& subscriptVariables = "") {
-        const flow::internal::LiveVariableAnalysis analysis(universe, block(statements), type, mode,
-                                                            symbols(subscriptVariables), nullptr);
+        const flow::internal::Liveness analysis(universe, block(statements), type, mode,
+                                                symbols(subscriptVariables), nullptr);
         return namesOf(analysis.liveAtEntry());
     }
 

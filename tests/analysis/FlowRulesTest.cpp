@@ -561,7 +561,7 @@ TEST_F(FlowRules, TheWayBackIsConnectedBeforeTheWayOut) {
 TEST_F(FlowRules, ExitAloneHasNoEquationForWhatIsLiveBehindIt) {
     const NodeView jump = named("R", returnStatement());
     const FlowDump::Analysis analysis(universe, block({jump, step("A")}), MAY, PLAIN, {}, nullptr);
-    for (const FlowDump::Analysis::FlowNode& node : analysis.flowNodes()) {
+    for (const FlowDump::Analysis::NodeVariables& node : analysis.nodes()) {
         EXPECT_EQ(analysis.equations().hasEquation(node.liveOut),
                   node.node.node != FakeAst::EXIT_NODE)
             << label(node.node);
@@ -574,7 +574,7 @@ TEST_F(FlowRules, NodeIsLiveBeforeWhatIsLiveBehindLessItsWritesPlusItsReads) {
         universe,
         block({assign(id("x"), add(id("x"), id("y"))), assign(id("a"), add(id("x"), id("z")))}),
         MAY, PLAIN, {}, nullptr);
-    const FlowDump::Analysis::FlowNode& first = analysis.flowNodes()[1];
+    const FlowDump::Analysis::NodeVariables& first = analysis.nodes()[1];
     EXPECT_EQ(namesOf(first.gen->value()), "x y");
     EXPECT_EQ(namesOf(first.kill->value()), "x");
     EXPECT_EQ(namesOf(first.liveOut->value()), "x z");
@@ -592,8 +592,8 @@ TEST_F(FlowRules, NodeIsLiveBeforeWhatIsLiveBehindLessItsWritesPlusItsReads) {
 
 TEST_F(FlowRules, PseudoNodesNeitherReadNorWrite) {
     const FlowDump::Analysis analysis(universe, block({}), MUST, PLAIN, {}, nullptr);
-    ASSERT_EQ(analysis.flowNodes().size(), 2u);
-    for (const FlowDump::Analysis::FlowNode& node : analysis.flowNodes()) {
+    ASSERT_EQ(analysis.nodes().size(), 2u);
+    for (const FlowDump::Analysis::NodeVariables& node : analysis.nodes()) {
         EXPECT_TRUE(node.gen->value().isEmpty());
         EXPECT_TRUE(node.kill->value().isEmpty());
     }

@@ -1,4 +1,4 @@
-#include "analysis/LiveVariableAnalysis.h"
+#include "analysis/Liveness.h"
 #include "analysis/RandomTree.h"
 #include "analysis/ReferenceAnalysis.h"
 #include "analysis/ReferenceFlowGraph.h"
@@ -23,7 +23,7 @@ namespace {
 
 using flow::AnalysisModeView;
 using flow::AnalysisTypeView;
-using flow::internal::LiveVariableAnalysis;
+using flow::internal::Liveness;
 
 constexpr AnalysisTypeView TYPES[] = {AnalysisTypeView::May, AnalysisTypeView::Must};
 constexpr AnalysisModeView MODES[] = {AnalysisModeView::Plain, AnalysisModeView::Sliced,
@@ -57,17 +57,17 @@ public:
     }
 
     void expectSameEdges() const {
-        const LiveVariableAnalysis analysis(universe, range, AnalysisTypeView::May,
-                                            AnalysisModeView::Plain, {}, nullptr);
+        const Liveness analysis(universe, range, AnalysisTypeView::May, AnalysisModeView::Plain, {},
+                                nullptr);
         ASSERT_EQ(FlowDump(analysis).getEdges(), graph.getEdges());
-        ASSERT_EQ(analysis.flowNodes().size(), graph.getNodes().size());
+        ASSERT_EQ(analysis.nodes().size(), graph.getNodes().size());
     }
 
     void expectSameSolution(AnalysisTypeView type, AnalysisModeView mode) {
         const ReferenceAnalysis reference = refer(type, mode);
-        const LiveVariableAnalysis analysis(universe, range, type, mode,
-                                            viewsOf(subscriptVariables, builder.ast), nullptr);
-        for (const LiveVariableAnalysis::FlowNode& node : analysis.flowNodes()) {
+        const Liveness analysis(universe, range, type, mode,
+                                viewsOf(subscriptVariables, builder.ast), nullptr);
+        for (const Liveness::NodeVariables& node : analysis.nodes()) {
             const Effects& effects = reference.getEffects(node.node.node);
             ASSERT_EQ(handlesOf(node.gen->value().toElementSet()), effects.gen)
                 << label(node.node) << '\n'
@@ -98,8 +98,8 @@ public:
         const ReferenceAnalysis reference = refer(AnalysisTypeView::May, mode);
         const auto readFirst = reference.getReadFirstOnSomePath(PATH_LIMIT);
         if (!readFirst) return false;
-        const LiveVariableAnalysis analysis(universe, range, AnalysisTypeView::May, mode,
-                                            viewsOf(subscriptVariables, builder.ast), nullptr);
+        const Liveness analysis(universe, range, AnalysisTypeView::May, mode,
+                                viewsOf(subscriptVariables, builder.ast), nullptr);
         EXPECT_EQ(handlesOf(analysis.liveAtEntry().toElementSet()), *readFirst)
             << reference.describe();
         return true;

@@ -613,15 +613,15 @@ TEST_F(AnsTable, OtherNamesAsImplicitTargetsAreWholeWritesInEveryMode) {
 // The collector's own state
 
 TEST_F(ReadWriteCollector, CollectAddsToWhatIsThereAndClearEmpties) {
-    flow::internal::ReadWriteCollector collector(MAY, PLAIN, {}, universe);
-    collector.clear();
-    collector.collect(assign(id("a"), id("b")));
-    collector.collect(assign(id("c"), id("d")));
-    EXPECT_EQ(namesOf(collector.gen()), "b d");
-    EXPECT_EQ(namesOf(collector.kill()), "a c");
-    collector.clear();
-    EXPECT_EQ(namesOf(collector.gen()), "");
-    EXPECT_EQ(namesOf(collector.kill()), "");
+    flow::internal::GenKillSets sets(universe, MAY, PLAIN);
+    flow::internal::HeadEffects effects(universe, PLAIN, {}, sets);
+    effects.report(assign(id("a"), id("b")));
+    effects.report(assign(id("c"), id("d")));
+    EXPECT_EQ(namesOf(sets.gen()), "b d");
+    EXPECT_EQ(namesOf(sets.kill()), "a c");
+    sets.clear();
+    EXPECT_EQ(namesOf(sets.gen()), "");
+    EXPECT_EQ(namesOf(sets.kill()), "");
 }
 
 // A tree that changes its answers

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "analysis/LiveVariableAnalysis.h"
+#include "analysis/Liveness.h"
 #include "testing/FakeAst.h"
 
 #include <algorithm>
@@ -19,11 +19,11 @@ namespace zt::orvex::testing {
 /// reads liveIn(S). Nodes go by the names given with `name`, by their label without one.
 class FlowDump {
 public:
-    using Analysis = flow::internal::LiveVariableAnalysis;
+    using Analysis = flow::internal::Liveness;
     using Handle = std::uint64_t;
 
     explicit FlowDump(const Analysis& of) : analysis(of) {
-        for (const Analysis::FlowNode& node : analysis.flowNodes()) {
+        for (const Analysis::NodeVariables& node : analysis.nodes()) {
             owners[node.liveIn] = node.node;
             names[node.node.node] = label(node.node);
         }
@@ -33,7 +33,7 @@ public:
 
     std::set<std::pair<Handle, Handle>> getEdges() const {
         std::set<std::pair<Handle, Handle>> edges;
-        for (const Analysis::FlowNode& node : analysis.flowNodes())
+        for (const Analysis::NodeVariables& node : analysis.nodes())
             for (const NodeView& successor : successorsOf(node))
                 edges.emplace(node.node.node, successor.node);
         return edges;
@@ -42,7 +42,7 @@ public:
     /// One text like "I -> S" for each edge, sorted.
     std::vector<std::string> describeEdges() const {
         std::vector<std::string> edges;
-        for (const Analysis::FlowNode& node : analysis.flowNodes())
+        for (const Analysis::NodeVariables& node : analysis.nodes())
             for (const NodeView& successor : successorsOf(node))
                 edges.push_back(names.at(node.node.node) + " -> " + names.at(successor.node));
         std::sort(edges.begin(), edges.end());
@@ -51,7 +51,7 @@ public:
 
     /// The right-hand side of liveOut(node), as "liveIn(S) & liveIn(T)"; empty without an equation.
     std::string describeMerge(const NodeView& at) const {
-        for (const Analysis::FlowNode& node : analysis.flowNodes())
+        for (const Analysis::NodeVariables& node : analysis.nodes())
             if (node.node == at) return describeMergeOf(node);
         return "no flow node";
     }
@@ -69,7 +69,7 @@ private:
         return nodes;
     }
 
-    std::vector<NodeView> successorsOf(const Analysis::FlowNode& node) const {
+    std::vector<NodeView> successorsOf(const Analysis::NodeVariables& node) const {
         std::vector<NodeView> successors;
         const auto* equation = analysis.equations().equationOf(node.liveOut);
         if (equation == nullptr) return successors;
@@ -79,7 +79,7 @@ private:
         return successors;
     }
 
-    std::string describeMergeOf(const Analysis::FlowNode& node) const {
+    std::string describeMergeOf(const Analysis::NodeVariables& node) const {
         std::string text;
         const auto* equation = analysis.equations().equationOf(node.liveOut);
         if (equation == nullptr) return text;
