@@ -55,7 +55,8 @@ public:
         killSet.clear();
     }
 
-    void record(const Effect& effect) {
+    // Always inlined, so that no `Effect` is ever built in memory: most calls know its kind.
+    [[gnu::always_inline]] inline void record(const Effect& effect) {
         switch (classify(effect.kind, type, mode)) {
         case GenOrKill::Gen:
             return insert(effect.index, genSet);
