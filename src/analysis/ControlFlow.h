@@ -28,15 +28,14 @@ namespace zt::orvex::flow::internal {
 /// No graph is stored. The statements are walked in source order, and the nodes that still lack a
 /// successor are carried along until the next node is known. The sink provides
 ///
-///     using Node = ...;                     // its name for a node: a pointer or another small value
-///                                           // with == and a hash
+///     using Node = ...;                     // its name for a node: a small value with == and hash
 ///     Node addNode(const NodeView&);        // a statement or clause
 ///     Node addPseudoNode(const NodeView&);  // entry or exit: compare it, but ask it nothing
 ///     void addEdge(Node from, Node to);
 ///
-/// Each node is added before its edges, the entry first and the exit last. Nodes come in source
-/// order, except that a print comes before the statement that it prints. No edge comes twice,
-/// provided that no node occurs at two places of the tree; a sink that minds must check that.
+/// A node is added before its edges, the entry first and the exit last. Nodes come in source order,
+/// except that a print comes before the statement that it prints. No edge comes twice, unless a
+/// node occurs at two places of the tree; a sink that cares must detect that.
 ///
 /// The recursion is as deep as the tree. Exceptions of the tree and of the sink pass through.
 template <typename Sink>

@@ -19,8 +19,8 @@ namespace zt::orvex::flow::internal {
 /// depend on all of them: whether a write is whole, and whether an operand is conditional.
 class ExpressionPath {
 public:
-    /// `subscripts`: under `Sliced`, an indexed write with one of these variables bare among its
-    /// subscripts is partial.
+    /// `subscripts`: under `Sliced`, an indexed write is partial if one of these variables is among
+    /// its subscripts, bare.
     ExpressionPath(AnalysisModeView analysisMode, std::unordered_set<SymbolView> subscripts)
         : mode(analysisMode), subscriptVariables(std::move(subscripts)) {}
 

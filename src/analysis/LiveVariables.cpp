@@ -10,7 +10,7 @@ namespace zt::orvex::flow {
 
 namespace {
 
-/// The variables of all `for` loops in the statement, at any depth; its own variable isn't one.
+/// The variables of all `for` loops in the statement, at any depth. Its own variable isn't one.
 std::unordered_set<SymbolView> collectForLoopVariables(const ParforStatementView& statement) {
     std::unordered_set<SymbolView> variables;
     zt::orvex::internal::forEachForStatementIn(statement, [&](ForStatementView loop) {

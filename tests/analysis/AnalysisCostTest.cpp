@@ -27,14 +27,14 @@ namespace {
 using flow::internal::Liveness;
 using ::testing::ThrowsMessage;
 
-// What an analysis costs, as counts: nothing here looks at a clock.
+// What an analysis costs, in counts. Nothing here looks at a clock.
 class AnalysisCost : public AnalysisFixture {
 protected:
     std::uint64_t sweeps(const Nodes& statements, Type type = MAY) {
         return Liveness(universe, block(statements), type, PLAIN, {}, nullptr).numberOfSweeps();
     }
 
-    // Runs `work` on a stack of a size of its own.
+    // Runs `work` on a stack of the given size.
     static void runOnStackOf(std::size_t mebibytes, std::function<void()> work) {
         pthread_attr_t attributes;
         ASSERT_EQ(pthread_attr_init(&attributes), 0);
@@ -110,8 +110,8 @@ TEST_F(AnalysisCost, WhatDoesNotLoopTakesTwoSweepsAtMost) {
     }
 }
 
-// A nest of `depth` loops with a read at the outermost head and one at the innermost statement. In
-// every order of evaluation one of the two travels against it, a level in each sweep.
+// A nest of loops with a read in the outermost head and one in the innermost statement. In every
+// order of evaluation one of the two travels against it, by one level in each sweep.
 class LoopNest : public AnalysisCost {
 protected:
     NodeView loops(std::size_t depth) {
@@ -161,7 +161,7 @@ protected:
             ++counts[call.operation];
             if (call.operation == Operation::getNodeKind) ++kindsOfNodes[call.arguments[0]];
         };
-        // How deep it goes is another question.
+        // Depth is tested elsewhere.
         runOnStackOf(512, [&] { Liveness(universe, range, type, mode, symbols("k"), nullptr); });
         ast.onCall = nullptr;
     }
@@ -173,13 +173,13 @@ protected:
         return most;
     }
 
-    // How often a condition of so many operands asks for an operator, and for the kind of a node.
+    // A condition of so many operands asks for operators and kinds in proportion to its size.
     void expectLinear(const char* shape, const Wrap& wrap) {
         ast.clear();
         universe = Universe();
         fill(universe, "a b k");
         ask({ifStatement(nest(OPERANDS, id("a"), wrap), {})});
-        // For each of the one or two operations of a link: what it is, and whether it is a link.
+        // Each operation is asked once for its own operands, and once more for those inside it.
         EXPECT_LE(counts[Operation::getBinaryOperator], 4 * OPERANDS) << shape;
         EXPECT_LE(counts[Operation::getNodeKind], 4 * ast.size()) << shape;
         EXPECT_LE(counts[Operation::getMatrixRows], 4 * OPERANDS) << shape;
@@ -198,7 +198,7 @@ TEST_F(Questions, ConditionOfManyOperandsIsLinear) {
                  [&](const NodeView& e) { return elementOr(parenthesized(e), id("a")); });
     expectLinear("brackets",
                  [&](const NodeView& e) { return elementAnd(matrix({row({e})}), id("a")); });
-    // Where the chain is broken on every level.
+    // With an expression on every level in which elementwise logic doesn't short-circuit.
     expectLinear("pairs", [&](const NodeView& e) {
         return elementOr(matrix({row({e, id("b")})}), id("a"));
     });
@@ -268,9 +268,9 @@ TEST_F(Questions, NothingIsAskedTwiceForAnotherTypeThanForOne) {
     EXPECT_EQ(counts, underMay);
 }
 
-// Depth. The recursion is as deep as the tree: what fits must not depend on who runs the test.
+// Depth. The recursion is as deep as the tree, so each test runs on a stack of known size.
 
-// Far too many loops for the solver, and few enough to let it find out soon.
+// Too many loops for the solver, and few enough to let it find out soon.
 constexpr std::size_t LOOP_DEPTH = 1'500;
 // Frames are larger without optimisation, and many times as large under a sanitizer.
 #if ZT_ORVEX_TEST_SANITIZED
@@ -286,7 +286,7 @@ constexpr std::size_t STATEMENT_DEPTH = 5'000;
 
 class Depth : public AnalysisCost {
 protected:
-    // Three computations on a body, each with all of the stack to itself.
+    // Three computations on a body, on a stack of 8 MiB.
     void expectLive(const char* shape, const NodeView& statement, const std::string& expected) {
         const ParforStatementView construct = parforLoop(id("k"), id("n"), {statement});
         universe = Universe();
@@ -301,7 +301,7 @@ protected:
         });
     }
 
-    // The innermost expression reads `a`, and each level what `wrap` puts there.
+    // The innermost expression reads `a`, and each level reads what `wrap` adds.
     void expectExpression(const char* shape, std::size_t levels, const std::string& expected,
                           const Wrap& wrap) {
         expectLive(shape, ifStatement(nest(levels, id("a"), wrap), {}), expected);
@@ -334,8 +334,8 @@ TEST_F(Depth, ExpressionsAreAnalysed) {
 #if defined(NDEBUG) && !ZT_ORVEX_TEST_SANITIZED
 class ExpressionStack : public AnalysisCost {
 protected:
-    /// The most bytes of stack between the first questions for the kinds of an expression and of
-    /// the one that it is `wrap`ped in. `levels` is how many nodes `wrap` makes around it.
+    /// The most bytes of stack between the first question for an expression's kind and that for
+    /// the kind of the expression that `wrap` makes around it, of `levels` nodes.
     std::size_t bytesPerLevel(const Wrap& wrap, std::size_t levels = 1) {
         std::vector<std::uint64_t> handles = {id("a").node};
         NodeView expression{handles.front(), &ast};

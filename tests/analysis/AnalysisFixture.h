@@ -23,9 +23,9 @@ namespace zt::orvex::testing {
 
 /// What tests of the analyses share: trees built as expressions, and sets of symbols as text.
 ///
-/// Names are written in one string, parted by blanks. Every test that says nothing else has a
-/// universe of the names below; "outside" is a variable that is not in it, "sin" a name of it that
-/// is no variable.
+/// Names are written in one string, separated by blanks. The universe has the names below, unless a
+/// test makes its own. "outside" is a variable that isn't in it; "sin" is in it, but isn't a
+/// variable.
 class AnalysisFixture : public ::testing::Test, protected TreeBuilder {
 protected:
     using Type = flow::AnalysisTypeView;
@@ -71,7 +71,7 @@ protected:
         return namesOf(set.toElementSet());
     }
 
-    /// What the header of one statement reads and writes, as "gen a b kill x".
+    /// What the head of one statement reads and writes, as "gen a b kill x".
     std::string effects(const NodeView& statement, Type type = MAY, Mode mode = PLAIN,
                         const std::string& subscriptVariables = "") {
         flow::internal::GenKillSets sets(universe, type, mode);

@@ -23,7 +23,7 @@ protected:
         };
     }
 
-    // What comes of the change at each question but the first ones, until none is left to change.
+    // The messages that result if the node changes after its first question, its second, and so on.
     std::set<std::string> messagesOfChanges(const NodeView& statement, const NodeView& node,
                                             NodeKind kind, Mode mode = PLAIN) {
         std::set<std::string> messages;

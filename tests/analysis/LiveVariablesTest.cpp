@@ -87,7 +87,7 @@ TEST_F(LiveVariables, PartialWriteIsAReadForMaybeAndAWriteForCertain) {
 TEST_F(LiveVariables, SlicedWriteIsWholeUnlessANestedForVariableIndexesIt) {
     universe = Universe();
     fill(universe, "x");
-    // The variable of the parfor itself is none of them.
+    // The variable of the parfor itself is not one of them.
     EXPECT_EQ(notSliced({assign(paren(id("x"), {id("k")}), number())}), "x");
     EXPECT_EQ(
         notSliced({forLoop(id("i"), number(), {assign(paren(id("x"), {id("i")}), number())})}), "");

@@ -44,14 +44,14 @@ std::unordered_set<SymbolView> viewsOf(const Symbols& handles, const IAstView& a
     return symbols;
 }
 
-// One tree, under one analysis after the other.
+// One tree, for one analysis after another.
 class Trial {
 public:
     Trial(Random& from, const RandomTreeShape& shape)
         : random(from), range(grow(shape)), graph(range) {
         for (const std::string& name : RandomTree::names()) {
             if (name != "outside") universe.add(builder.symbol(name));
-            // Not only names of the universe, and not always any.
+            // Also names outside of the universe, and sometimes none at all.
             if (random.oneIn(3)) subscriptVariables.insert(builder.symbol(name).symbol);
         }
     }
@@ -92,7 +92,7 @@ public:
         ASSERT_EQ(handlesOf(analyzer.getVariablesNotLiveAtEntry()), notLive);
     }
 
-    // Whether the paths were few enough to walk them.
+    // Whether there were few enough paths to walk them all.
     bool expectPathsToAgree(AnalysisModeView mode) const {
         EXPECT_FALSE(graph.hasCycle());
         const ReferenceAnalysis reference = refer(AnalysisTypeView::May, mode);
@@ -161,7 +161,7 @@ TEST(RandomTree, GrowsEveryKindThatAnAnalysisCanMeet) {
         for (const NodeView& statement : grower.statements())
             forEachNodeIn(statement, [&](const NodeView& node) { grown.insert(node.getKind()); });
     }
-    // What makes up classes and functions stands in no range of statements.
+    // The parts of classes and functions don't occur in a range of statements.
     const std::set<NodeKind> elsewhere = {NodeKind::ArgumentDeclaration,
                                           NodeKind::ArgumentsBlock,
                                           NodeKind::Attribute,
@@ -219,7 +219,7 @@ TEST(RandomAnalysis, AgreesWithAWalkOfEveryPathWhereNothingLoops) {
             if (trial.expectPathsToAgree(mode)) ++walked;
         if (::testing::Test::HasFailure()) return;
     }
-    // Most of them, or the test would say nothing.
+    // Most of them, or the test would show little.
     EXPECT_GT(walked, trees * 3 / 2);
 }
 

@@ -13,15 +13,15 @@ namespace zt::orvex::testing {
 struct RandomTreeShape {
     std::size_t statementDepth = 3;  ///< How deep statements nest.
     std::size_t expressionDepth = 2; ///< How deep expressions nest.
-    std::size_t breadth = 4;         ///< At most so many elements in a range.
-    bool hasLoops = true;            ///< Whether `for` and `while` may stand in it.
-    bool isWeird = false;            ///< Whether nodes may stand where no parser puts them.
+    std::size_t breadth = 4;         ///< The most elements in a range.
+    bool hasLoops = true;            ///< Whether to grow `for` and `while` loops.
+    bool isWeird = false;            ///< Whether to put nodes where no parser would.
 };
 
 /// Grows random trees of statements: all kinds, all shapes of targets, jumps anywhere.
 ///
-/// The same numbers give the same tree on every platform. Names are few, so that reads and writes
-/// meet: "outside" belongs to no universe here and "sin" is no variable.
+/// The same random numbers give the same tree on every platform. There are few names, so that reads
+/// and writes meet; "outside" is in no universe, and "sin" isn't a variable.
 class RandomTree {
 public:
     RandomTree(TreeBuilder& into, Random& from, const RandomTreeShape& like)
@@ -360,7 +360,7 @@ private:
         }
     }
 
-    // Logic is what the analyses tell apart, so it comes up more often than its share.
+    // The analyses treat logical operators specially, so they come up more often than others.
     static constexpr BinaryOperator BINARY_OPERATORS[] = {
         BinaryOperator::Add,       BinaryOperator::At,
         BinaryOperator::ElementOr, BinaryOperator::ElementAnd,

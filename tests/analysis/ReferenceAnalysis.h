@@ -22,7 +22,7 @@ public:
     const Effects& getEffects(ReferenceFlowGraph::Handle node) const { return effects.at(node); }
 
     /// The least solution, worked up from empty sets by touching the nodes in a random order until
-    /// none changes. The order cannot matter.
+    /// none changes. The order can't matter.
     Symbols getLiveAtEntry(Random& random) const;
 
     /// Walks every path from the entry to the exit and asks each of them. The graph must have no

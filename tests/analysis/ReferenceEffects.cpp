@@ -30,7 +30,7 @@ bool holdsOneExpression(const MatrixView& matrix) {
     return rows.size() == 1 && RowView(rows[0]).getRowExpressions().size() == 1;
 }
 
-// Whether an element-wise `&` or `|` below this expression may still be evaluated like `&&`, `||`.
+// Whether an elementwise `&` or `|` directly inside this expression can still short-circuit.
 bool keepsShortCircuit(const NodeView& expression) {
     switch (expression.getKind()) {
     case NodeKind::BinaryOperation:
@@ -51,8 +51,8 @@ NodeView stripParentheses(NodeView expression) {
     return expression;
 }
 
-// Goes over one statement. First collects plain facts (what is read, with what certainty; what is
-// written, through what path), then settles what they mean for the analysis at hand.
+// The effects of one statement. It first gathers plain facts (what is read, with what certainty,
+// and what is written, through what path), and then settles what they mean under the settings.
 class EffectsOfStatement {
 public:
     EffectsOfStatement(const NodeView& ofStatement, const ReferenceSettings& under)
@@ -217,7 +217,7 @@ private:
             read(expression, place);
     }
 
-    // Reads of an expression that stands at `around`.
+    // Reads of an expression at the place `around`.
     void read(const NodeView& expression, const Place& around) {
         Place inside = around;
         inside.inConditionChain = around.inConditionChain && keepsShortCircuit(expression);
@@ -327,7 +327,7 @@ private:
         case NodeKind::UnaryOperation:
             write(UnaryOperationView(target).getUnaryOperand(), below);
             break;
-        default: // an expression that cannot be a target is only read
+        default: // an expression that can't be a target is only read
             read(target, Place());
             break;
         }

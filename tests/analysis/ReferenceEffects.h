@@ -25,8 +25,8 @@ struct Effects {
     Symbols kill;
 };
 
-/// A second opinion on what the header of a statement or clause reads and writes, written without a
-/// look at the library's code and without sharing any of it but the handles.
+/// A second opinion on what the head of a statement or clause reads and writes. It was written
+/// without looking at the library's code, and shares nothing with it but the handles.
 Effects effectsOf(const NodeView& statement, const ReferenceSettings& settings);
 
 } // namespace zt::orvex::testing

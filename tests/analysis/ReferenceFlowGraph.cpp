@@ -21,7 +21,8 @@ const std::set<ReferenceFlowGraph::Handle>& ReferenceFlowGraph::getSuccessors(Ha
 }
 
 bool ReferenceFlowGraph::hasCycle() const {
-    // Takes away nodes that lead nowhere until none is left, or only nodes that lead to each other.
+    // Removes nodes without successors until there are none. What is left, if anything, is a cycle
+    // and what leads to it.
     std::map<Handle, std::set<Handle>> rest;
     for (const auto& [handle, node] : nodes)
         rest[handle] = getSuccessors(handle);
@@ -80,7 +81,7 @@ ReferenceFlowGraph::Target ReferenceFlowGraph::addStatement(const NodeView& stat
         addEdge(self.node, next);
         return self;
     }
-    // Statements that cannot fail.
+    // Statements that can't throw.
     case NodeKind::EmptyStatement:
     case NodeKind::GlobalDeclaration:
     case NodeKind::ImplicitCommandStatement:
@@ -107,7 +108,7 @@ ReferenceFlowGraph::Target ReferenceFlowGraph::addStatement(const NodeView& stat
                 addRange(SpmdStatementView(statement).getSpmdBody(), next, jumps, failing));
         return self;
     }
-    // A clause without the statement that it belongs to.
+    // A clause without its statement.
     case NodeKind::CaseClause: {
         const Target self = addNode(statement, failing);
         addEdge(self.node, addRange(CaseClauseView(statement).getCaseBody(), next, jumps, failing));
@@ -131,7 +132,7 @@ ReferenceFlowGraph::Target ReferenceFlowGraph::addStatement(const NodeView& stat
         return addSwitch(statement, next, jumps, failing);
     case NodeKind::TryStatement:
         return addTry(statement, next, jumps, failing);
-    default: // control passes as if nothing stood here
+    default: // passed over
         return next;
     }
 }
@@ -207,8 +208,8 @@ ReferenceFlowGraph::Target ReferenceFlowGraph::addTry(const NodeView& statement,
     Failing inBody;
     addEdge(self.node, addRange(view.getTryBody(), next, jumps, &inBody));
 
-    // A statement fails before it has had an effect or after: behind what leads to it, or behind
-    // itself.
+    // A statement throws before it has had its effect, when control comes from its predecessors, or
+    // after.
     std::set<Handle> failures{statement.node};
     for (const Handle failed : inBody) {
         failures.insert(failed);

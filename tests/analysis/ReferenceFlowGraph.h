@@ -12,11 +12,11 @@
 
 namespace zt::orvex::testing {
 
-/// A second opinion on how control flows through a range of statements: an explicit graph with one
-/// node for each statement and each clause that has a header, an entry and an exit.
+/// A second opinion on how control flows through a range of statements: an explicit graph with a
+/// node for each statement and each clause that has a head, an entry and an exit.
 ///
-/// Built from the back: each statement is told where control goes when it is done, and answers
-/// where control enters it. The library works from the front, so the two share no thought.
+/// It is built backward: each statement is told where control goes when it is done, and answers
+/// where control enters it. The library works forward, so the two share no idea.
 class ReferenceFlowGraph {
 public:
     using Handle = std::uint64_t;
@@ -35,8 +35,7 @@ public:
     std::set<std::pair<Handle, Handle>> getEdges() const;
 
 private:
-    // Where control goes next. A way back to the head of a loop is no way into a statement: an
-    // error behind it is one of the statements that lead there, not of the head.
+    // Where control goes next. A back edge doesn't make its source a throw point of the head.
     struct Target {
         Handle node;
         bool isBackToLoop;
@@ -46,7 +45,7 @@ private:
         Target ofBreak;
         Target ofContinue;
     };
-    // The statements right inside one `try` body that may fail; null outside of any.
+    // The statements directly inside one `try` body that can throw; null outside.
     using Failing = std::set<Handle>;
 
     Target addStatement(const NodeView& statement, Target next, const Jumps& jumps,
@@ -68,7 +67,7 @@ private:
     Handle exit;
     std::map<Handle, NodeView> nodes;
     std::map<Handle, std::set<Handle>> successors;
-    // The ways into a statement, without the ways back to a loop.
+    // The edges into a statement, without back edges.
     std::map<Handle, std::set<Handle>> entered;
 };
 

@@ -13,17 +13,16 @@
 
 namespace zt::orvex::testing {
 
-/// Reads the control flow that an analysis has laid over the statements back out of its equations.
-///
-/// The library builds no graph: that I leads to S stands only in the equation of liveOut(I), which
-/// reads liveIn(S). Nodes go by the names given with `name`, by their label without one.
+/// Reads the edges of the control flow back from the equations of an analysis: I leads to S if the
+/// equation of liveOut(I) reads liveIn(S). Nodes go by the names given with `name`, or else by
+/// their labels.
 class FlowDump {
 public:
-    using Analysis = flow::internal::Liveness;
+    using Liveness = flow::internal::Liveness;
     using Handle = std::uint64_t;
 
-    explicit FlowDump(const Analysis& of) : analysis(of) {
-        for (const Analysis::NodeVariables& node : analysis.nodes()) {
+    explicit FlowDump(const Liveness& of) : liveness(of) {
+        for (const Liveness::NodeVariables& node : liveness.nodes()) {
             owners[node.liveIn] = node.node;
             names[node.node.node] = label(node.node);
         }
@@ -33,7 +32,7 @@ public:
 
     std::set<std::pair<Handle, Handle>> getEdges() const {
         std::set<std::pair<Handle, Handle>> edges;
-        for (const Analysis::NodeVariables& node : analysis.nodes())
+        for (const Liveness::NodeVariables& node : liveness.nodes())
             for (const NodeView& successor : successorsOf(node))
                 edges.emplace(node.node.node, successor.node);
         return edges;
@@ -42,7 +41,7 @@ public:
     /// One text like "I -> S" for each edge, sorted.
     std::vector<std::string> describeEdges() const {
         std::vector<std::string> edges;
-        for (const Analysis::NodeVariables& node : analysis.nodes())
+        for (const Liveness::NodeVariables& node : liveness.nodes())
             for (const NodeView& successor : successorsOf(node))
                 edges.push_back(names.at(node.node.node) + " -> " + names.at(successor.node));
         std::sort(edges.begin(), edges.end());
@@ -51,17 +50,17 @@ public:
 
     /// The right-hand side of liveOut(node), as "liveIn(S) & liveIn(T)"; empty without an equation.
     std::string describeMerge(const NodeView& at) const {
-        for (const Analysis::NodeVariables& node : analysis.nodes())
+        for (const Liveness::NodeVariables& node : liveness.nodes())
             if (node.node == at) return describeMergeOf(node);
-        return "no flow node";
+        return "not a node of the flow";
     }
 
 private:
-    using Variable = flow::Variable<Analysis::Value>;
-    using Term = flow::Term<Analysis::Value>;
+    using Variable = flow::Variable<Liveness::Value>;
+    using Term = flow::Term<Liveness::Value>;
 
     std::vector<NodeView> readBy(Term& term) const {
-        flow::DependencySet<Analysis::Value> read;
+        flow::DependencySet<Liveness::Value> read;
         term.collectDependencies(read);
         std::vector<NodeView> nodes;
         for (Variable* variable : read)
@@ -69,9 +68,9 @@ private:
         return nodes;
     }
 
-    std::vector<NodeView> successorsOf(const Analysis::NodeVariables& node) const {
+    std::vector<NodeView> successorsOf(const Liveness::NodeVariables& node) const {
         std::vector<NodeView> successors;
-        const auto* equation = analysis.equations().equationOf(node.liveOut);
+        const auto* equation = liveness.equations().equationOf(node.liveOut);
         if (equation == nullptr) return successors;
         for (Term* term : equation->rightHandSide)
             for (const NodeView& successor : readBy(*term))
@@ -79,21 +78,21 @@ private:
         return successors;
     }
 
-    std::string describeMergeOf(const Analysis::NodeVariables& node) const {
+    std::string describeMergeOf(const Liveness::NodeVariables& node) const {
         std::string text;
-        const auto* equation = analysis.equations().equationOf(node.liveOut);
+        const auto* equation = liveness.equations().equationOf(node.liveOut);
         if (equation == nullptr) return text;
         for (Term* term : equation->rightHandSide) {
-            if (dynamic_cast<flow::Join<Analysis::Value>*>(term) != nullptr) text += " U ";
-            if (dynamic_cast<flow::Meet<Analysis::Value>*>(term) != nullptr) text += " & ";
-            if (dynamic_cast<flow::Minus<Analysis::Value>*>(term) != nullptr) text += " - ";
+            if (dynamic_cast<flow::Join<Liveness::Value>*>(term) != nullptr) text += " U ";
+            if (dynamic_cast<flow::Meet<Liveness::Value>*>(term) != nullptr) text += " & ";
+            if (dynamic_cast<flow::Minus<Liveness::Value>*>(term) != nullptr) text += " - ";
             for (const NodeView& read : readBy(*term))
                 text += "liveIn(" + names.at(read.node) + ")";
         }
         return text;
     }
 
-    const Analysis& analysis;
+    const Liveness& liveness;
     std::map<const Variable*, NodeView> owners;
     std::map<Handle, std::string> names;
 };

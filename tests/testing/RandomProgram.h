@@ -10,8 +10,8 @@ namespace zt::orvex::testing {
 
 /// Writes random Ostrel programs without errors that use every construct of the language.
 ///
-/// Variables are `a` to `f`, functions `g1` and the like. No program writes a name that it uses as a
-/// command, or alone without its being a variable.
+/// Variables are `a` to `f`, functions `g1` and so on. A program never assigns to a name that it
+/// uses as a command, or that stands alone in a statement without being a variable.
 ///
 ///     Random random;
 ///     const std::string source = RandomProgram(random).script();
@@ -27,7 +27,7 @@ public:
         return text;
     }
 
-    /// A class with blocks of every sort.
+    /// A class with all sorts of blocks.
     std::string classFile() {
         std::string text =
             "class " + attributes() + "Thing" + (random.oneIn(2) ? " < Base & Other" : "") + "\n";

@@ -4,13 +4,13 @@
 
 namespace zt::orvex::flow {
 
-/// How the paths of an analysis merge, and how certain a read or a write has to be.
+/// How an analysis merges paths, and how certain a read or a write must be to count.
 enum class AnalysisTypeView : std::uint32_t {
-    /// What some path does. Successors join; a partial write counts as a read, and so does a read
-    /// in an operand that is evaluated conditionally.
+    /// What holds on some path. Successors are joined. A partial write counts as a read, and so
+    /// does a read in an operand that is evaluated conditionally.
     May = 0,
-    /// What every path does. Successors meet; a partial write counts as a write, and a read in an
-    /// operand that is evaluated conditionally doesn't count.
+    /// What holds on every path. Successors are met. A partial write counts as a write, and a read
+    /// in an operand that is evaluated conditionally doesn't count.
     Must = 1,
 };
 

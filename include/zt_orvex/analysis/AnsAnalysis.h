@@ -10,11 +10,12 @@
 
 namespace zt::orvex::flow {
 
-/// Whether some path through the body reads `ans`, or writes a part of it, before a whole write.
+/// Whether some path through the body reads `ans`, or writes a part of it, before it writes all of
+/// it.
 ///
 /// An expression or command statement whose target is named "ans" counts as a whole write. The name
-/// decides, not the symbol: a symbol of another name is analysed as an ordinary variable. Costs and
-/// errors are those of TransparentLiveVariablesAnalyzerView; `nodePrinter` may be empty.
+/// decides, not the symbol: a symbol with another name is analysed as an ordinary variable. Costs
+/// and errors are those of TransparentLiveVariablesAnalyzerView. `nodePrinter` may be empty.
 ZT_ORVEX_EXPORT bool
 isAnsPossiblyReadBeforeBeingWritten(ParforStatementView statement, SymbolView ans,
                                     std::function<std::string(NodeView)> nodePrinter);

@@ -14,35 +14,34 @@
 
 namespace zt::orvex::flow {
 
-/// Tells which variables are live at the entry of a statement range: may, or must, be read in one
-/// pass through the range before they are written.
+/// Tells which variables are live at the entry of a statement range: those that may, or must, be
+/// read before they are written in one pass through the range.
 ///
-/// The whole analysis happens in the constructor. Nothing is live at the end of the range, whatever
-/// the code behind it does. Only symbols of the universe are tracked. Under `Must` the solution is
-/// the least one, so a variable whose only reads lie behind a loop is not live.
+/// The constructor does the whole analysis. Nothing is live at the end of the range, even if the
+/// code after it reads the variable. Only symbols of the universe are tracked. Under `Must` the
+/// solution is the least one, so a variable that is read only after a loop is not live.
 ///
 /// Ownership: the universe, the tree and its `IAstView` must outlive the analyzer; the set of
 /// subscript variables and `nodePrinter` are copied. `nodePrinter` may be empty: nothing calls it.
-/// Cost: one pass over the statements and a few over their equations; heap for each statement, all
-/// freed with the analyzer. The recursion is as deep as the tree.
+/// Cost: one pass over the statements and a few over their equations; heap memory in proportion to
+/// the statements, freed with the analyzer. The recursion is as deep as the tree.
 ///
 /// Errors, all from the constructor: std::logic_error("Maximum iterations exceeded in
 /// SystemOfEquations::solve") for loops nested about a thousand deep;
 /// std::invalid_argument("Equation already exists for this variable") for a tree that holds one
-/// node at two places, or equal entry and exit nodes; std::logic_error("IdentifierView type is
-/// expected in the downcast argument.") and its like for a tree that changes its answers; whatever
-/// the tree throws. A node of unknown kind is skipped.
+/// node at two places, or has equal entry and exit nodes; std::logic_error("IdentifierView type is
+/// expected in the downcast argument.") and the like for a tree that changes its answers; and every
+/// exception of the tree. A node of an unknown kind is skipped.
 ///
-/// One analyzer belongs to one thread. Several may work on one tree if that allows concurrent
-/// reads.
+/// An analyzer belongs to one thread. Several may work on one tree if it allows concurrent reads.
 ///
 ///     TransparentLiveVariablesAnalyzerView analyzer(universe, loop.getParforBody(),
 ///         AnalysisTypeView::May, AnalysisModeView::Plain, nullptr);
 ///     for (SymbolView symbol : analyzer.getVariablesLiveAtEntry()) use(symbol);
 class ZT_ORVEX_EXPORT TransparentLiveVariablesAnalyzerView {
 public:
-    /// `subscriptVariables`: under `Sliced`, an indexed write with one of them bare among its
-    /// subscripts is partial.
+    /// `subscriptVariables`: under `Sliced`, an indexed write is partial if one of them is among
+    /// its subscripts, bare.
     TransparentLiveVariablesAnalyzerView(const OrderedSet<SymbolView>& universe,
                                          StatementRangeView statements, AnalysisTypeView type,
                                          AnalysisModeView mode,
@@ -58,13 +57,13 @@ public:
     operator=(const TransparentLiveVariablesAnalyzerView&) = delete;
     ~TransparentLiveVariablesAnalyzerView();
 
-    /// Copies of the elements of the universe that are live, in a new set of no defined order.
+    /// The elements of the universe that are live, copied into a new set without a defined order.
     std::unordered_set<SymbolView> getVariablesLiveAtEntry();
 
-    /// The other elements of the universe, those added after the construction included.
+    /// The other elements of the universe, including those added after the construction.
     std::unordered_set<SymbolView> getVariablesNotLiveAtEntry();
 
-    /// "<description omitted in non-asserted builds>", whatever was found.
+    /// Always "<description omitted in non-asserted builds>".
     std::string toString() const;
 
 private:
