@@ -7,7 +7,7 @@
 
 namespace zt::orvex::flow::internal {
 
-/// What a statement or clause does to a variable, and on what ground.
+/// What a statement or clause does to a variable, and how certainly.
 enum class EffectKind : std::uint8_t {
     /// Reads it whenever the statement runs.
     CertainRead,

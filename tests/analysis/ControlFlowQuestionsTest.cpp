@@ -93,8 +93,8 @@ TEST_F(ControlFlowQuestions, HeadsAreNotAskedFor) {
 TEST_F(ControlFlowQuestions, KindThatIsPassedOverIsAskedForTwice) {
     std::size_t passedOver = 0;
     for (const NodeKind kind : getAllNodeKinds()) {
-        // A node without parts refuses the question for a body. Kinds with a body are none of
-        // those that are passed over.
+        // A node without parts refuses the question for a body, but no kind that is passed over is
+        // asked for one.
         const NodeView node = unknown(static_cast<int>(kind));
         try {
             const std::size_t asked = timesAskedForItsKind(node);

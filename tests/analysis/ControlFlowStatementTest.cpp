@@ -35,10 +35,10 @@ TEST_F(ControlFlowStatement, SimpleStatementsFollowOneAnother) {
 }
 
 TEST_F(ControlFlowStatement, OtherKindsArePassedOver) {
-    // DiscardedStatement, ElseClause, OtherwiseClause, CatchClause, an expression, kinds 0 and 67
+    // DiscardedStatement, ElseClause, OtherwiseClause, CatchClause, an expression, unknown kinds
     EXPECT_THAT(edges({step("A"), discardedStatement(), elseClause({step("skipped")}),
                        otherwiseClause({}), catchClause(NodeView(id("x")), {}), id("x"), filler(),
-                       unknown(0), unknown(67), unknown(255), step("B")}),
+                       unknown(0), unknown(128), unknown(255), step("B")}),
                 UnorderedElementsAre("entry -> A", "A -> B", "B -> exit"));
 }
 
@@ -116,10 +116,10 @@ TEST_F(ControlFlowStatement, SecondJumpInARowIsUnreachable) {
                 UnorderedElementsAre("entry -> J", "J -> exit", "K -> exit"));
 }
 
-// The order of report
+// The order in which nodes and edges are reported
 
 TEST_F(ControlFlowStatement, NodesComeInSourceOrderAndAPrintBeforeWhatItPrints) {
-    // A, while c, B, end, disp of C, if c, D, elseif c, E, else, F, end
+    // A, while c, B, end, print C, if c, D, elseif c, E, else, F, end
     const Nodes statements = {
         step("A"), named("W", whileLoop(id("c"), {step("B")})), named("P", print(step("C"))),
         named("I",

@@ -111,13 +111,13 @@ TEST_F(ConditionalOperands, OtherExpressionsEndShortCircuiting) {
 }
 
 TEST_F(ConditionalOperands, ShortCircuitingIsDecidedAnewForEachOperandOfACondition) {
-    // if (a + (b | c)) | d | [e | x] : the sum breaks the chain of its own part only
+    // if (a + (b | c)) | d | [e | x] : only inside the sum does `|` not short-circuit
     const NodeView sum = add(id("a"), parenthesized(elementOr(id("b"), id("c"))));
     const NodeView condition = elementOr(elementOr(parenthesized(sum), id("d")),
                                          matrix({row({elementOr(id("e"), id("x"))})}));
     EXPECT_EQ(certain(condition), "gen a b c");
 
-    // if f(a | b) | (c | d) : the same the other way round
+    // if f(a | b) | (c | d) : the other way around
     const NodeView call = paren(id("sin"), {elementOr(id("a"), id("b"))});
     EXPECT_EQ(certain(elementOr(call, parenthesized(elementOr(id("c"), id("d"))))), "gen a b");
 

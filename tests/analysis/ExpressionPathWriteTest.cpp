@@ -21,7 +21,7 @@ struct WriteRule {
 
 class WriteTable : public AnalysisFixture {
 protected:
-    // k is a subscript variable, n is none; both are outside of the universe here.
+    // k is a subscript variable and n isn't; neither is in the universe here.
     NodeView make(const std::string& target) {
         const NodeView x = id("x");
         if (target == "x") return x;

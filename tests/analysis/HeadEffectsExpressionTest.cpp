@@ -95,11 +95,11 @@ TEST_F(ExpressionEffects, LeavesHaveNoEffect) {
 TEST_F(ExpressionEffects, KindsNotExpectedInAnExpressionArePassedOver) {
     const std::vector<NodeView> others = {anyExpression(),  discardedExpression(), filler(),
                                           assign(x(), y()), inputParameter(x()),   unknown(0),
-                                          unknown(67),      unknown(200)};
+                                          unknown(128),     unknown(200)};
     for (const NodeView& other : others) {
         EXPECT_EQ(reads(other), "") << static_cast<int>(other.getKind());
         EXPECT_EQ(writes(other), "") << static_cast<int>(other.getKind());
-        // The neighbours of an ignored element count all the same.
+        // Its neighbours count all the same.
         EXPECT_EQ(reads(row({x(), other, y()})), "gen x y") << static_cast<int>(other.getKind());
     }
 }

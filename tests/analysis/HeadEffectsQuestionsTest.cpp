@@ -98,7 +98,7 @@ TEST_F(HeadEffectsQuestions, SubscriptsAreReadBeforeTheirBase) {
 }
 
 TEST_F(HeadEffectsQuestions, KindThatIsPassedOverIsAskedForTwice) {
-    // Once to dispatch on it, once more to ask whether it is that of a flow node.
+    // Once to dispatch on it, and then whether it is that of a flow node.
     for (const NodeView& head :
          {NodeView(discardedStatement()), NodeView(elseClause({})), NodeView(otherwiseClause({})),
           NodeView(id("x")), NodeView(filler()), NodeView(program({}))}) {

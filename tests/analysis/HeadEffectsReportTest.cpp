@@ -18,7 +18,7 @@ struct RecordedEffects {
     std::vector<Effect> effects;
 };
 
-// Each effect with its identifier and its ground.
+// Each effect, with its kind and its identifier.
 class HeadEffectsReport : public AnalysisFixture {
 protected:
     std::vector<Effect> report(const NodeView& head, Mode mode = PLAIN,

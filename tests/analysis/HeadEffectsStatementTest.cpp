@@ -115,7 +115,7 @@ TEST_F(StatementEffects, OtherKindsArePassedOver) {
                                           program({x()}),
                                           x(),
                                           unknown(0),
-                                          unknown(67),
+                                          unknown(128),
                                           add(x(), y()),
                                           unknown(255)};
     for (const NodeView& other : others)

@@ -200,7 +200,7 @@ private:
         case 6:
             return t.unknown(0);
         case 7:
-            return t.unknown(static_cast<int>(random.between(67, 255)));
+            return t.unknown(static_cast<int>(random.between(128, 255)));
         default:
             return expression();
         }
@@ -352,7 +352,7 @@ private:
         case 3:
             return t.unknown(0);
         case 4:
-            return t.unknown(static_cast<int>(random.between(67, 255)));
+            return t.unknown(static_cast<int>(random.between(128, 255)));
         default: {
             const NodeView left = identifier();
             return t.assign(left, identifier());
