@@ -11,6 +11,7 @@
 #include <zt_orvex/analysis/LiveVariables.h>
 #include <zt_orvex/analysis/RestrictedExternals.h>
 #include <zt_orvex/analysis/TransparentLiveVariablesAnalyzerView.h>
+#include <zt_orvex/ast/BasicAstView.h>
 #include <zt_orvex/ast/ControlFlow.h>
 #include <zt_orvex/ast/ForEachNodeIn.h>
 #include <zt_orvex/ast/IAstView.h>

@@ -14,7 +14,7 @@ namespace {
 
 using testing::TreeBuilder;
 
-/// Covers all kinds: by a template, which takes the place of 66 handlers.
+/// Covers all kinds: by a template, which takes the place of a handler for each.
 struct Complete {
     int calls = 0;
     NodeKind kind = NodeKind::Invalid;
@@ -70,10 +70,10 @@ TEST(AstViewDispatcher, KindsWithoutAHandlerReachTheFallback) {
     EXPECT_EQ(visitor.log, "if1otherx2");
 }
 
-TEST(AstViewDispatcher, UnknownKindReachesNoHandlerNotEvenTheFallback) {
+TEST(AstViewDispatcher, UnknownKindReachesNoHandlerAndNoFallback) {
     TreeBuilder t;
     Partial visitor;
-    for (const int kind : {0, 67, 68, 127, 128, 200, 254, 255}) {
+    for (const int kind : {0, 127, 128, 200, 254, 255}) {
         EXPECT_NO_THROW(dispatch(visitor, t.unknown(kind), 1));
     }
     EXPECT_EQ(visitor.log, "");
@@ -99,7 +99,7 @@ TEST(AstViewDispatcher, FurtherArgumentsAreForwarded) {
     EXPECT_EQ(*visitor.taken, 7);
 }
 
-TEST(AstViewDispatcher, ArgumentsForAnUnknownKindStayTheCallers) {
+TEST(AstViewDispatcher, ArgumentsForAnUnknownKindAreNotTakenFromTheCaller) {
     TreeBuilder t;
     Forwarding visitor;
     int number = 0;
@@ -125,7 +125,7 @@ struct Throwing {
     void visit(const NodeView&) { throw 42; }
 };
 
-TEST(AstViewDispatcher, ExceptionOfAHandlerPasses) {
+TEST(AstViewDispatcher, ExceptionOfAHandlerPropagates) {
     TreeBuilder t;
     Throwing visitor;
     EXPECT_THROW(dispatch(visitor, t.id("x")), int);
@@ -134,13 +134,13 @@ TEST(AstViewDispatcher, ExceptionOfAHandlerPasses) {
 TEST(UnhandledKind, IsComposedWithTheNumberInQuotes) {
     EXPECT_EQ(composeUnhandledKind(NodeKind::Invalid),
               "Unhandled node kind \"0\" encountered in AstViewDispatcher.");
-    EXPECT_EQ(composeUnhandledKind(static_cast<NodeKind>(67)),
-              "Unhandled node kind \"67\" encountered in AstViewDispatcher.");
+    EXPECT_EQ(composeUnhandledKind(static_cast<NodeKind>(200)),
+              "Unhandled node kind \"200\" encountered in AstViewDispatcher.");
     EXPECT_EQ(composeUnhandledKind(static_cast<NodeKind>(255)),
               "Unhandled node kind \"255\" encountered in AstViewDispatcher.");
 }
 
-TEST(UnhandledKind, IsDroppedWithoutAWord) {
+TEST(UnhandledKind, IsDroppedSilently) {
     ::testing::internal::CaptureStdout();
     ::testing::internal::CaptureStderr();
     dropUnhandledKind(NodeKind::Invalid);

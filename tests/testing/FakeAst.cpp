@@ -18,7 +18,6 @@ constexpr const char* OPERATION_NAMES[] = {
 #define ZT_ORVEX_TEST_OTHER(name) #name,
 #include "testing/IAstViewOperations.def"
 };
-static_assert(std::size(OPERATION_NAMES) == 169);
 
 constexpr const char* KIND_NAMES[] = {
     "Invalid",
@@ -222,9 +221,7 @@ std::uint64_t FakeAst::size(Operation operation, std::uint64_t first, std::uint6
     return rangePart(operation, first, second).size;
 }
 
-void FakeAst::unsettled(Operation operation) const {
-    refuse(operation, "though nobody may ask it");
-}
+void FakeAst::reserved(Operation operation) const { refuse(operation, "though nobody may ask it"); }
 
 bool FakeAst::isVariableSymbol(std::uint64_t symbol) const {
     called(Operation::isVariableSymbol, symbol);

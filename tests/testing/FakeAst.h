@@ -136,7 +136,7 @@ public:
 #define ZT_ORVEX_TEST_NODE std::uint64_t
 #define ZT_ORVEX_TEST_NO_ARGUMENT
 #define ZT_ORVEX_TEST_UNSETTLED(name, arguments)                                                   \
-    std::uint64_t name(ZT_ORVEX_TEST_##arguments) const override { unsettled(Operation::name); }
+    std::uint64_t name(ZT_ORVEX_TEST_##arguments) const override { reserved(Operation::name); }
 #include "testing/IAstViewOperations.def"
 #undef ZT_ORVEX_TEST_NODE
 #undef ZT_ORVEX_TEST_NO_ARGUMENT
@@ -186,7 +186,7 @@ private:
     NodeView element(Operation operation, std::uint64_t index, std::uint64_t first,
                      std::uint64_t second) const;
     std::uint64_t size(Operation operation, std::uint64_t first, std::uint64_t second) const;
-    [[noreturn]] void unsettled(Operation operation) const;
+    [[noreturn]] void reserved(Operation operation) const;
 
     const Node& at(Operation operation, std::uint64_t node) const;
     std::uint32_t datumOf(Operation operation, NodeKind kind, std::uint64_t node) const;
