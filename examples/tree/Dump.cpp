@@ -18,7 +18,7 @@ using zt::orvex::UnaryOperator;
 
 namespace {
 
-constexpr std::array<std::string_view, 67> KIND_NAMES{
+constexpr std::array<std::string_view, KIND_VALUES> KIND_NAMES{
     "Invalid",
 #define ZT_ORVEX_NODE_KIND(Name, Class) #Name,
 #include <zt_orvex/ast/NodeKinds.def>
@@ -36,7 +36,7 @@ public:
     void node(NodeId id) {
         const Node& at = storage.nodes[id];
         const NodeShape& shape = shapeOf(at.kind);
-        if (shape.count == 0) return leaf(id);
+        if (shape.count == 0 || isLiteral(at.kind)) return leaf(id);
         text += '(';
         text += kindName(at.kind);
         if (at.kind == NodeKind::BinaryOperation) {

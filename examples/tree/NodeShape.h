@@ -15,23 +15,41 @@ enum class FieldKind : std::uint8_t { One, Maybe, Each };
 struct NodeShape {
     std::uint8_t count = 0;
     std::array<FieldKind, 6> fields{};
+
+    constexpr void add(FieldKind kind) { fields[count++] = kind; }
 };
 
-/// How a node of each kind is built, indexed by kind: NodeFields.def as a table.
-constexpr std::array<NodeShape, 67> makeNodeShapes() {
-    std::array<NodeShape, 67> shapes{};
-#define OSTREL_FIELD(Kind, index, what)                                                            \
-    shapes[static_cast<std::size_t>(zt::orvex::NodeKind::Kind)].fields[index] = FieldKind::what;   \
-    shapes[static_cast<std::size_t>(zt::orvex::NodeKind::Kind)].count = index + 1;
-#define OSTREL_ONE(Kind, index, accessor) OSTREL_FIELD(Kind, index, One)
-#define OSTREL_MAYBE(Kind, index, accessor) OSTREL_FIELD(Kind, index, Maybe)
-#define OSTREL_EACH(Kind, index, accessor, View) OSTREL_FIELD(Kind, index, Each)
-#include "tree/NodeFields.def"
+/// The place of each part among the fields of its kind: `IfStatement_getIfBody` is 1. An
+/// `InputParameter` has one field for the node that it holds, of either kind.
+enum FieldIndex : std::int32_t {
+#define ZT_ORVEX_NODE_KIND(Kind, Class) BEFORE_##Kind = -1,
+#define ZT_ORVEX_ONE(Kind, accessor) Kind##_##accessor,
+#define ZT_ORVEX_MAYBE(Kind, accessor) Kind##_##accessor,
+#define ZT_ORVEX_EACH(Kind, accessor, View) Kind##_##accessor,
+#define ZT_ORVEX_HELD(Kind, accessor, Held) Kind##_##accessor = 0,
+#include <zt_orvex/ast/NodeKinds.def>
+};
+
+constexpr std::size_t KIND_VALUES = 1
+#define ZT_ORVEX_NODE_KIND(Kind, Class) +1
+#include <zt_orvex/ast/NodeKinds.def>
+    ;
+
+/// The shape of the nodes of each kind, indexed by kind.
+constexpr std::array<NodeShape, KIND_VALUES> makeNodeShapes() {
+    using zt::orvex::NodeKind;
+    std::array<NodeShape, KIND_VALUES> shapes{};
+#define OSTREL_FIELD(Kind, kind) shapes[static_cast<std::size_t>(NodeKind::Kind)].add(kind);
+#define ZT_ORVEX_ONE(Kind, accessor) OSTREL_FIELD(Kind, FieldKind::One)
+#define ZT_ORVEX_MAYBE(Kind, accessor) OSTREL_FIELD(Kind, FieldKind::Maybe)
+#define ZT_ORVEX_EACH(Kind, accessor, View) OSTREL_FIELD(Kind, FieldKind::Each)
+#include <zt_orvex/ast/NodeKinds.def>
+    OSTREL_FIELD(InputParameter, FieldKind::One)
 #undef OSTREL_FIELD
     return shapes;
 }
 
-constexpr std::array<NodeShape, 67> NODE_SHAPES = makeNodeShapes();
+constexpr std::array<NodeShape, KIND_VALUES> NODE_SHAPES = makeNodeShapes();
 
 constexpr const NodeShape& shapeOf(zt::orvex::NodeKind kind) {
     return NODE_SHAPES[static_cast<std::size_t>(kind)];

@@ -17,7 +17,7 @@ std::u16string_view Tree::spelling(NodeView node) const {
     case NodeKind::CharacterLiteral:
     case NodeKind::NumberLiteral:
     case NodeKind::StringLiteral: {
-        const Field run = field(node.node, 0);
+        const Field run = field(node.node, shapeOf(at(node).kind).count);
         return std::u16string_view(storage.characters).substr(run.begin, run.count);
     }
     default:
@@ -60,21 +60,13 @@ SymbolView Tree::getIdentifierSymbol(std::uint64_t node) const {
     return symbolView(storage.identifiers[storage.nodes[node].data].symbol);
 }
 
-boost::optional<NodeView> Tree::parameterIfKind(std::uint64_t node, NodeKind kind) const {
-    if (getInputParameterKind(node) != kind) return {};
-    return view(field(node, 0).begin);
-}
-
 NodeKind Tree::getInputParameterKind(std::uint64_t node) const {
     return getNodeKind(field(node, 0).begin);
 }
 
-boost::optional<NodeView> Tree::getInputParameterIdentifier(std::uint64_t node) const {
-    return parameterIfKind(node, NodeKind::Identifier);
-}
-
-boost::optional<NodeView> Tree::getInputParameterIgnored(std::uint64_t node) const {
-    return parameterIfKind(node, NodeKind::IgnoredArgument);
+boost::optional<NodeView> Tree::heldIfKind(std::uint64_t parameter, NodeKind kind) const {
+    if (getInputParameterKind(parameter) != kind) return {};
+    return view(field(parameter, 0).begin);
 }
 
 } // namespace ostrel

@@ -67,10 +67,11 @@ NodeId TreeBuilder::leaf(NodeKind kind, Extent extent) {
 }
 
 NodeId TreeBuilder::literal(NodeKind kind, std::u16string_view spelling, Extent extent) {
-    const Field run{index(storage.characters.size()), index(spelling.size())};
+    const std::size_t data = storage.fields.size();
+    storage.fields.resize(data + shapeOf(kind).count, maybe(0));
+    storage.fields.push_back({index(storage.characters.size()), index(spelling.size())});
     storage.characters += spelling;
-    storage.fields.push_back(run);
-    return add(kind, extent, storage.fields.size() - 1);
+    return add(kind, extent, data);
 }
 
 NodeId TreeBuilder::identifier(NameId name, ScopeId scope, Role role, Extent extent) {

@@ -13,13 +13,13 @@
 
 namespace ostrel {
 
-/// A place in a source text: its begin, and where it ends.
+/// A place in a source text: where it begins, and where it ends.
 struct Extent {
     std::size_t begin;
     std::size_t end;
 };
 
-/// Builds the arrays of a tree from the leaves up, and takes back what turns out to be wrong.
+/// Builds the arrays of a tree from the leaves up, and can roll back to an earlier state.
 ///
 ///     TreeBuilder builder;
 ///     const NodeId x = builder.identifier(builder.intern(u"x"), scope, Role::Written, {0, 1});
@@ -27,7 +27,7 @@ struct Extent {
 ///     builder.node(NodeKind::AssignmentStatement, {0, 5}, {builder.one(x), builder.one(one)});
 class TreeBuilder {
 public:
-    /// What `rollBack` needs to forget all nodes and scopes made since. Names stay.
+    /// The state that `rollBack` returns to: nodes and scopes made since are dropped, names stay.
     struct Checkpoint {
         std::size_t nodes;
         std::size_t fields;
@@ -43,10 +43,11 @@ public:
     static Field maybe(NodeId child) { return {child, child == 0 ? 0U : 1U}; }
     Field each(const NodeId* children, std::size_t count);
 
-    /// A node of a kind with fields, all of them, in the order of NodeFields.def.
+    /// A node of a kind with fields: all of them, in the order in which a walk visits them.
     NodeId node(zt::orvex::NodeKind kind, Extent extent, std::initializer_list<Field> fields,
                 std::uint8_t op = 0);
     NodeId leaf(zt::orvex::NodeKind kind, Extent extent);
+    /// A literal or a command word. The optional parts that its kind has are absent.
     NodeId literal(zt::orvex::NodeKind kind, std::u16string_view spelling, Extent extent);
     NodeId identifier(NameId name, ScopeId scope, Role role, Extent extent);
 
@@ -59,7 +60,7 @@ public:
     const IdentifierData& identifierAt(NodeId node) const {
         return storage.identifiers[at(node).data];
     }
-    /// The child in field `index` of a node that has one there.
+    /// The child in field `index` of a node that has a child there.
     NodeId child(NodeId node, std::size_t index) const {
         return storage.fields[at(node).data + index].begin;
     }

@@ -15,8 +15,8 @@ using NameId = std::uint32_t;
 using ScopeId = std::uint32_t;
 using SymbolId = std::uint32_t;
 
-/// One field of a node: the child itself and a count of 1 or 0, or a run of `elements`. Of a
-/// literal: a run of `characters`.
+/// One field of a node: the child itself and a count of 1 or 0, or a run of `elements`. The field
+/// after those of a literal's kind is its spelling, a run of `characters`.
 struct Field {
     std::uint32_t begin;
     std::uint32_t count;
@@ -28,29 +28,29 @@ struct Node {
     std::uint8_t op;      ///< The operator of a BinaryOperation or UnaryOperation.
     std::uint16_t height; ///< Levels of the tree from here down: 1 for a leaf.
     std::uint32_t begin;  ///< Offset in the source.
-    std::uint32_t end;    ///< Offset behind the node's last token.
+    std::uint32_t end;    ///< Offset after the node's last token.
     std::uint32_t data;
 };
 
 /// How an identifier takes part in its scope.
 enum class Role : std::uint8_t {
-    Mention,  ///< Stands in the scope's text.
-    Written,  ///< Stands in the scope's text and makes its symbol a variable there.
-    Implicit, ///< The `ans` of a statement without a target: stands nowhere in the text.
-    Label,    ///< A name that is no variable of any scope: a field, a function, an attribute.
+    Mention,  ///< Occurs in the scope's text.
+    Written,  ///< Occurs in the scope's text and makes its symbol a variable there.
+    Implicit, ///< The `ans` of a statement without a target: doesn't occur in the text.
+    Label,    ///< A name that isn't a variable of any scope: a field, a function, an attribute.
 };
 
 struct IdentifierData {
     NameId name;
     ScopeId scope;
-    SymbolId symbol; ///< Given by `resolveSymbols`, once the whole text is read.
+    SymbolId symbol; ///< Set by `resolveSymbols` after the whole text has been read.
     Role role;
 };
 
 /// What a scope belongs to.
 enum class ScopeKind : std::uint8_t {
-    Labels,    ///< Scope 0: what is not looked up at all.
-    Script,    ///< The script part of a file; of a class file, what stands outside of its methods.
+    Labels,    ///< Scope 0: names that aren't looked up.
+    Script,    ///< The script part of a file; in a class file, what is outside of the methods.
     Function,  ///< A function or a method.
     Anonymous, ///< The parameters of an anonymous function.
 };
@@ -67,8 +67,8 @@ struct SymbolData {
     bool isMentioned; ///< Whether the text of the scope names it.
 };
 
-/// The arrays behind a tree. A child comes before its parent in `nodes`, and identifiers stand in
-/// the order of the text.
+/// The arrays of a tree. A child comes before its parent in `nodes`, and identifiers are in the
+/// order of the text.
 struct TreeStorage {
     std::vector<Node> nodes;
     std::vector<Field> fields;

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "BasicAstView.h"
-
 #include <zt_orvex/zt_orvex.h>
 
 #include <cstddef>
@@ -11,12 +9,12 @@
 #include <utility>
 #include <vector>
 
-/// A tree of the little that the programs here consist of: `parfor` and `for` loops, assignments,
-/// sums, subscripts and names. Built bottom-up, one function for each kind.
+/// A tree for programs of `parfor` and `for` loops, assignments, sums, subscripts and names. Built
+/// bottom-up, one function for each kind.
 ///
 /// A handle is the index of a node in one vector. A range is a node and how many of its children
-/// stand before the range, which always reaches to the last one.
-class LoopTree : public ostrel::BasicAstView {
+/// precede the range, which always ends with the last child.
+class LoopTree : public zt::orvex::BasicAstView {
 public:
     using NodeView = zt::orvex::NodeView;
     using NodeKind = zt::orvex::NodeKind;
@@ -44,7 +42,7 @@ public:
         return add(kind, std::move(children));
     }
 
-    /// All names of the program, in order of first appearance.
+    /// All names of the program, in the order of first appearance.
     zt::orvex::flow::OrderedSet<zt::orvex::SymbolView> universe() const {
         zt::orvex::flow::OrderedSet<zt::orvex::SymbolView> symbols;
         for (std::uint64_t symbol = 0; symbol < names.size(); ++symbol)
@@ -75,7 +73,6 @@ public:
     }
 
     NodeView getColonStart(std::uint64_t node) const override { return child(node, 0); }
-    boost::optional<NodeView> getColonStep(std::uint64_t) const override { return {}; }
     NodeView getColonStop(std::uint64_t node) const override { return child(node, 1); }
 
     NodeView getAssignmentLhs(std::uint64_t node) const override { return child(node, 0); }
@@ -89,9 +86,6 @@ public:
 
     NodeView getParforVariable(std::uint64_t node) const override { return child(node, 0); }
     NodeView getParforExpression(std::uint64_t node) const override { return child(node, 1); }
-    zt::orvex::ExpressionRangeView getParforOptions(std::uint64_t node) const override {
-        return {node, nodes[node].children.size(), this};
-    }
     zt::orvex::StatementRangeView getParforBody(std::uint64_t node) const override {
         return {node, 2, this};
     }

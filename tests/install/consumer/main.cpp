@@ -1,5 +1,5 @@
-// Uses what is installed as a stranger would: a tree of its own, one call into each part of the
-// library, and an exception that crosses from the library to here.
+// Uses the installed library as any consumer would: with a tree of its own, a call into each part of
+// the library, and an exception that crosses from the library to here.
 #include "LoopTree.h"
 
 #include <zt_orvex/zt_orvex.h>
@@ -25,7 +25,7 @@ void expect(const char* what, const T& actual, const T& expected) {
     std::cerr << "FAILED: " << what << '\n';
 }
 
-/// Sorted, so that the order of a hash set does not show.
+/// Sorted, so that the order of the hash set doesn't matter.
 std::set<std::u16string> names(const LoopTree& tree,
                                const std::unordered_set<SymbolView>& symbols) {
     std::set<std::u16string> result;

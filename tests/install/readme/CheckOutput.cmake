@@ -1,5 +1,5 @@
-# Runs PROGRAM, which must succeed and print exactly what the file EXPECTED holds, or at least what the
-# file EXCERPT holds.
+# Runs PROGRAM, which must succeed and print exactly the text of the file EXPECTED, or text that
+# contains that of the file EXCERPT.
 execute_process(COMMAND "${PROGRAM}" ${ARGUMENT} OUTPUT_VARIABLE output RESULT_VARIABLE result)
 if(NOT result EQUAL 0)
     message(FATAL_ERROR "ended with ${result}")
