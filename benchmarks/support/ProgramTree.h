@@ -30,7 +30,7 @@ public:
 private:
     using Code = std::vector<Instruction>;
 
-    /// Reads up to the instruction that ends the block, and that one too.
+    /// Reads up to and including the instruction that ends the block.
     ArrayTree::Nodes readBlock(const Code& code, std::size_t& next) {
         ArrayTree::Nodes block;
         while (next < code.size()) {
