@@ -24,16 +24,16 @@ protected:
     }
 };
 
-TEST_F(ForEachForStatementIn, ParforIsNoneAndTheLoopInItIs) {
+TEST_F(ForEachForStatementIn, ParforStatementIsNotReportedAndTheLoopInItIs) {
     EXPECT_EQ(loops(parforLoop(id("p"), id("n"), {forLoop(id("i"), id("m"), {})})), "i");
 }
 
-TEST_F(ForEachForStatementIn, InnerLoopComesAfterTheOuterOne) {
+TEST_F(ForEachForStatementIn, InnerLoopComesAfterTheOuterLoop) {
     const auto inner = forLoop(id("j"), id("m"), {forLoop(id("k"), id("l"), {})});
     EXPECT_EQ(loops(forLoop(id("i"), id("n"), {inner, forLoop(id("o"), id("q"), {})})), "ijko");
 }
 
-TEST_F(ForEachForStatementIn, LoopsAreFoundInAllSortsOfNodes) {
+TEST_F(ForEachForStatementIn, LoopsAreFoundInNodesOfManyKinds) {
     const auto loop = [&](const char* variable) { return forLoop(id(variable), id("n"), {}); };
     const auto root = program(
         {ifStatement(id("c"), {loop("a")}, {elseIfClause(id("d"), {loop("b")})},
@@ -68,7 +68,7 @@ TEST_F(ForEachForStatementIn, EmptyCallbackThrowsAtTheFirstLoopOnly) {
     EXPECT_EQ(ast.count(Operation::getForVariable), 0U);
 }
 
-TEST_F(ForEachForStatementIn, ExceptionOfTheCallbackStopsTheWalkAndPasses) {
+TEST_F(ForEachForStatementIn, ExceptionOfTheCallbackStopsTheWalkAndPropagates) {
     const auto root = row({forLoop(id("i"), id("n"), {}), forLoop(id("j"), id("n"), {})});
     int calls = 0;
     EXPECT_THROW(internal::forEachForStatementIn(root,
@@ -80,7 +80,25 @@ TEST_F(ForEachForStatementIn, ExceptionOfTheCallbackStopsTheWalkAndPasses) {
     EXPECT_EQ(calls, 1);
 }
 
-TEST_F(ForEachForStatementIn, ServesToCollectLoopVariables) {
+TEST_F(ForEachForStatementIn, StatefulCallableIsNotCopied) {
+    struct Counter {
+        int calls = 0;
+        int* copies;
+        explicit Counter(int* copiesToCount) : copies(copiesToCount) {}
+        Counter(const Counter& other) : calls(other.calls), copies(other.copies) { ++*copies; }
+        void operator()(const ForStatementView&) { ++calls; }
+    };
+    int copies = 0;
+    const std::function<void(ForStatementView)> callback = Counter(&copies);
+    const int copiesBefore = copies;
+    const auto root = forLoop(id("i"), id("n"), {forLoop(id("j"), id("m"), {})});
+    internal::forEachForStatementIn(root, callback);
+    internal::forEachForStatementIn(root, callback);
+    EXPECT_EQ(copies, copiesBefore);
+    EXPECT_EQ(callback.target<Counter>()->calls, 4);
+}
+
+TEST_F(ForEachForStatementIn, CollectsLoopVariables) {
     const auto root = parforLoop(id("p"), id("n"),
                                  {forLoop(id("i"), id("m"), {}), forLoop(id("j"), id("m"), {}),
                                   forLoop(id("i"), id("m"), {})});
