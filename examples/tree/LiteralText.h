@@ -6,8 +6,8 @@
 
 namespace ostrel {
 
-/// What a CharacterLiteral, a StringLiteral or a command word stands for: its spelling without the
-/// quotes, where a doubled quote is one.
+/// The text of a CharacterLiteral, a StringLiteral or a command word: its spelling without the
+/// enclosing quotes, and with single ones for doubled ones.
 std::u16string literalText(const Tree& tree, zt::orvex::NodeView literal);
 
 } // namespace ostrel

@@ -7,7 +7,7 @@ namespace ostrel {
 /// The ways in which a number is spelled.
 enum class NumberForm { Binary, Hexadecimal, Decimal, Imaginary };
 
-/// How a text that begins like a number is spelled, by its first two characters and its last.
+/// The form of a text that begins like a number, by its first two characters and its last.
 inline NumberForm numberForm(std::u16string_view text) {
     const auto isOneOf = [](char16_t unit, std::u16string_view set) {
         return set.find(unit) != std::u16string_view::npos;

@@ -9,7 +9,7 @@ namespace ostrel {
 
 namespace {
 
-/// The same value and type among the alternatives that also hold what is no integer.
+/// The same value and type, as one of the alternatives of `LiteralValue`.
 zt::orvex::LiteralValue widen(const zt::orvex::internal::IntegerLiteralValue& integer) {
     return boost::apply_visitor([](auto value) { return zt::orvex::LiteralValue(value); }, integer);
 }

@@ -10,7 +10,7 @@ std::string composeUnhandledKind(NodeKind kind) {
     return message.str();
 }
 
-// Deliberate: the text goes nowhere. A node of an unknown kind is no failure.
+// Deliberate: the message goes nowhere. A node of an unknown kind isn't a failure.
 void dropUnhandledKind(NodeKind kind) { composeUnhandledKind(kind); }
 
 } // namespace zt::orvex::internal

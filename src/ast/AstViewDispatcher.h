@@ -8,13 +8,13 @@
 
 namespace zt::orvex::internal {
 
-/// The text about a node whose kind is 0 or above 66.
+/// The message about a node of an unknown kind.
 std::string composeUnhandledKind(NodeKind kind);
 
-/// Composes the text about an unknown kind and drops it: such a node is skipped, and nobody hears.
+/// Composes the message about an unknown kind and drops it: the node is skipped silently.
 ///
-/// In a function of its own that is never inlined: the string stream would otherwise stand in the
-/// frame of every recursive visitor.
+/// A function of its own that is never inlined: otherwise the string stream would be in the frame
+/// of every recursive visitor.
 [[gnu::cold, gnu::noinline]] void dropUnhandledKind(NodeKind kind);
 
 /// Asks a node's kind and jumps to the visitor's handler for it.
@@ -29,13 +29,13 @@ std::string composeUnhandledKind(NodeKind kind);
 ///   };
 ///   dispatch(printer, node, 4);
 ///
-/// There are two sorts. A visitor that must cover all kinds has no handler for `NodeView`: if it
-/// misses a kind, it does not compile. One that ignores most kinds has it as the fallback that
-/// overload resolution takes for the kinds without a handler.
+/// A visitor that must cover all kinds has no handler for `NodeView`: if it misses a kind, it
+/// doesn't compile. A visitor that ignores most kinds has one, as the fallback that overload
+/// resolution picks for kinds without a handler of their own.
 ///
-/// A node of an unknown kind reaches no handler, not even the fallback, and is no error. The kind
-/// is asked once. Every use instantiates the whole switch; nothing virtual stands between the
-/// switch and the handler. Exceptions pass.
+/// A node of an unknown kind reaches no handler, not even the fallback, and isn't an error. The
+/// kind is asked once. Every use instantiates the whole switch; there is no virtual call between
+/// the switch and the handler. Exceptions propagate.
 template <typename Visitor>
 class AstViewDispatcher {
 public:
@@ -55,10 +55,10 @@ public:
     }
 
 private:
-    // A function for each kind, which the switch ends in a jump to: the two words travel in
-    // registers and the frame of the switch is gone by then. In one function all views and all
-    // handlers that the compiler inlines would share a frame, which every recursive visitor pays
-    // for; without optimisation even a handle passed whole would have 66 places in it.
+    // A function for each kind, reached by a tail call: the two words travel in registers, and the
+    // frame of the switch is gone by then. In a single function, all views and all inlined handlers
+    // would share one frame, and every recursive visitor would pay for it; without optimisation the
+    // frame would even hold a copy of the handle for each kind.
     template <typename View, typename... Args>
     [[gnu::noinline]] static void handle(Visitor& visitor, std::uint64_t node, const IAstView* view,
                                          Args&&... args) {

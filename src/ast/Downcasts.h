@@ -4,7 +4,7 @@
 
 namespace zt::orvex::internal {
 
-/// Throws std::logic_error(message). Out of line, so that a downcast costs its caller a comparison.
+/// Throws std::logic_error(message). Out of line, so that a downcast costs only a comparison.
 [[noreturn, gnu::cold, gnu::noinline]] void throwUnexpectedKind(const char* message);
 
 template <typename View>
@@ -13,8 +13,8 @@ View downcast(const NodeView& node, const char* message) {
     return View(node);
 }
 
-// The checked downcasts: `node` as the typed view, or std::logic_error with the text here if it is
-// of another kind. All other typed views are made without a check, by whoever has asked the kind.
+// The checked downcasts: `node` as the typed view, or std::logic_error with the text given here if
+// it is of another kind. All other typed views are made without a check, after asking the kind.
 
 inline BinaryOperationView toBinaryOperationView(const NodeView& node) {
     return downcast<BinaryOperationView>(

@@ -7,7 +7,8 @@
 namespace zt::orvex::internal {
 
 /// Walks as `forEachNodeIn` does and calls `callback` only at `ForStatement` nodes, each before its
-/// children: a loop nested in a loop comes after the outer one. A `ParforStatement` is none.
+/// children: a nested loop comes after the one around it. A `ParforStatement` isn't a
+/// `ForStatement`.
 ///
 /// Throws std::bad_function_call if `callback` is empty, at the first `ForStatement`.
 void forEachForStatementIn(const NodeView& root,

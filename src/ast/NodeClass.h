@@ -8,7 +8,7 @@
 
 namespace zt::orvex::internal {
 
-/// The classes of nodes, as bits. The bit of value 8 belongs to no kind and is kept free.
+/// The classes of nodes, as bits. Deliberate: the bit of value 8 is kept free; no kind has it.
 enum NodeClass : std::uint8_t {
     AnyNode = 1,
     StatementNode = 2,
@@ -16,7 +16,7 @@ enum NodeClass : std::uint8_t {
     MethodNode = 16,
 };
 
-/// The class word of each class that a row of NodeKinds.def can name.
+/// The class word of each class that a row of NodeKinds.def can have.
 namespace class_words {
 constexpr std::uint8_t Other = AnyNode;
 constexpr std::uint8_t Statement = AnyNode | StatementNode;
@@ -24,21 +24,20 @@ constexpr std::uint8_t Expression = AnyNode | ExpressionNode;
 constexpr std::uint8_t Method = AnyNode | MethodNode;
 } // namespace class_words
 
-/// The class word of each kind, by value; `Invalid` counts as other.
+/// The class word of each kind, indexed by value; `Invalid` counts as other.
 constexpr std::uint8_t CLASS_WORDS[] = {
     class_words::Other,
 #define ZT_ORVEX_NODE_KIND(Name, Class) class_words::Class,
 #include <zt_orvex/ast/NodeKinds.def>
 };
-static_assert(sizeof(CLASS_WORDS) == 67);
 
-/// The class word of `kind`: that of an other node for every byte that is no valid kind.
+/// The class word of `kind`; unknown kinds count as other.
 constexpr std::uint8_t getClassWord(NodeKind kind) {
     const auto value = static_cast<std::uint8_t>(kind);
     return value < sizeof(CLASS_WORDS) ? CLASS_WORDS[value] : class_words::Other;
 }
 
-/// Whether `word` has all bits of `flags`. No flags are in no word.
+/// Whether `word` has all bits of `flags`. Deliberate: false for every word if `flags` is 0.
 constexpr bool flagsContain(std::uint8_t word, std::uint8_t flags) {
     return flags != 0 && (word & flags) == flags;
 }

@@ -19,7 +19,7 @@ std::set<NodeKind> makeAllNodeKinds() {
 
 const std::set<NodeKind> allNodeKinds = makeAllNodeKinds();
 
-// Deliberate: empty, and to be kept empty. Every kind prints as its number, and logs rely on it.
+// Deliberate: empty, and must stay empty. Every kind prints as its number, and logs rely on it.
 const std::map<NodeKind, std::u16string> nodeKindNames;
 
 std::u16string decimalText(NodeKind kind) {

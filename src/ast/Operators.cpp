@@ -47,7 +47,7 @@ const Spellings<UnaryOperator> unarySpellings = {
     {UnaryOperator::UnaryAt, u"@"},
 };
 
-/// As `std::map::at`, whose text differs from one standard library to the next.
+/// Like `std::map::at`, with a message that doesn't depend on the standard library.
 template <class Operator>
 const char16_t* spellingOf(const Spellings<Operator>& spellings, Operator op) {
     const auto row = spellings.find(op);

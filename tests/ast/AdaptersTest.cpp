@@ -12,7 +12,7 @@
 namespace zt::orvex {
 namespace {
 
-/// Walks the numbers 1 to `size` as a list: each node is the right operand of the one before.
+/// The numbers 1 to `size` as a list: each node is the right operand of the one before.
 class ListAdapter : public ILnrAdapter {
 public:
     explicit ListAdapter(std::uint64_t nodes) : size(nodes) {}
@@ -94,7 +94,7 @@ TEST(Adapters, UnparserIsDestroyedThroughItsInterface) {
     EXPECT_TRUE(destroyed);
 }
 
-TEST(Adapters, CopyTakesOverTheDerivedClassAlone) {
+TEST(Adapters, CopyCopiesOnlyTheDerivedClass) {
     ListAdapter a(1);
     const ListAdapter b(2);
     const ListAdapter copy(b);
@@ -103,7 +103,7 @@ TEST(Adapters, CopyTakesOverTheDerivedClassAlone) {
     EXPECT_EQ(a.size, 2U);
 }
 
-TEST(Adapters, AssignmentThroughTheInterfaceCopiesNothingAndGivesBackTheObject) {
+TEST(Adapters, AssignmentThroughTheInterfaceCopiesNothingAndReturnsTheObject) {
     ListAdapter a(1);
     const ListAdapter b(2);
     ILnrAdapter& interface = a;
@@ -112,8 +112,8 @@ TEST(Adapters, AssignmentThroughTheInterfaceCopiesNothingAndGivesBackTheObject) 
 }
 
 #if defined(__x86_64__) && !defined(_WIN32)
-/// Where a virtual operation stands in the table of its class, the destructor's two entries left
-/// out. A pointer to a virtual operation holds the offset plus one on this platform.
+/// The slot of a virtual operation in the table of its class, not counting the destructor's two. On
+/// this platform a pointer to a virtual operation holds the offset plus one.
 template <class Operation>
 std::size_t placeOf(Operation operation) {
     std::size_t words[2];

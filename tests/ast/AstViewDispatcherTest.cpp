@@ -14,7 +14,7 @@ namespace {
 
 using testing::TreeBuilder;
 
-/// Covers all kinds: by a template, which takes the place of a handler for each.
+/// Covers all kinds, with a template in place of a handler for each.
 struct Complete {
     int calls = 0;
     NodeKind kind = NodeKind::Invalid;

@@ -1,5 +1,5 @@
-# Fails unless `SCRIPT --check` accepts a copy of the folder HEADERS and refuses it after each of a few
-# changes.
+# Fails unless `SCRIPT --check` accepts a copy of the folder HEADERS and refuses it after each of
+# a few changes.
 set(copy "${WORK_DIR}/headers")
 
 # zt_orvex_expect_refusal(<file> <old> <new> <text of the refusal>)

@@ -13,7 +13,7 @@ namespace {
 
 using testing::TreeBuilder;
 
-/// Tries a downcast on nodes of all byte values: it must take `kind` and refuse all others.
+/// Tries a downcast on nodes of all 256 kinds: it must accept `kind` and refuse all others.
 template <typename View>
 void expectOnly(NodeKind kind, View (*downcastTo)(const NodeView&), const std::string& message) {
     TreeBuilder t;
@@ -35,32 +35,32 @@ void expectOnly(NodeKind kind, View (*downcastTo)(const NodeView&), const std::s
     }
 }
 
-TEST(Downcasts, BinaryOperationAloneBecomesItsView) {
+TEST(Downcasts, BinaryOperationIsTheOnlyKindAccepted) {
     expectOnly(NodeKind::BinaryOperation, toBinaryOperationView,
                "BinaryOperationView type is expected in the downcast argument.");
 }
 
-TEST(Downcasts, BraceOperationAloneBecomesItsView) {
+TEST(Downcasts, BraceOperationIsTheOnlyKindAccepted) {
     expectOnly(NodeKind::BraceOperation, toBraceOperationView,
                "BraceOperationView type is expected in the downcast argument.");
 }
 
-TEST(Downcasts, IdentifierAloneBecomesItsView) {
+TEST(Downcasts, IdentifierIsTheOnlyKindAccepted) {
     expectOnly(NodeKind::Identifier, toIdentifierView,
                "IdentifierView type is expected in the downcast argument.");
 }
 
-TEST(Downcasts, MatrixAloneBecomesItsView) {
+TEST(Downcasts, MatrixIsTheOnlyKindAccepted) {
     expectOnly(NodeKind::Matrix, toMatrixView,
                "MatrixView type is expected in the downcast argument.");
 }
 
-TEST(Downcasts, ParenOperationAloneBecomesItsView) {
+TEST(Downcasts, ParenOperationIsTheOnlyKindAccepted) {
     expectOnly(NodeKind::ParenOperation, toParenOperationView,
                "ParenOperationView type is expected in the downcast argument.");
 }
 
-TEST(Downcasts, ParenthesizedExpressionAloneBecomesItsView) {
+TEST(Downcasts, ParenthesizedExpressionIsTheOnlyKindAccepted) {
     expectOnly(NodeKind::ParenthesizedExpression, toParenthesizedExpressionView,
                "ParenthesizedExpressionView type is expected in the downcast argument.");
 }

@@ -51,7 +51,7 @@ TEST_F(FakeAstTest, RecordsCallsWithTheirArguments) {
     EXPECT_EQ(ast.count(Operation::getStatementRangeSize), 0U);
 }
 
-TEST_F(FakeAstTest, RefusesWhatACorrectCallerNeverAsks) {
+TEST_F(FakeAstTest, RefusesQuestionsThatACorrectCallerNeverAsks) {
     const auto node = paren(id("f"), {id("a")});
     const auto arguments = node.getParenArguments();
     EXPECT_THROW(ast.getBraceBase(node.node), std::logic_error);

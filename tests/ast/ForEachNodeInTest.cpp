@@ -27,7 +27,7 @@ protected:
         return labels;
     }
 
-    /// All that the walk asks and calls.
+    /// Everything that the walk asks and calls.
     std::string log(const NodeView& root) {
         WalkLog log(ast);
         forEachNodeIn(root, [&](const NodeView& node) { log.visited(node); });
@@ -51,7 +51,7 @@ TEST_F(ForEachNodeIn, IfStatementIsVisitedInSourceOrder) {
                           "ElseClause lastBody");
 }
 
-TEST_F(ForEachNodeIn, GivesTheViewsOfTheTree) {
+TEST_F(ForEachNodeIn, PassesTheViewsOfTheTree) {
     const auto left = id("a");
     const auto right = id("b");
     const NodeView root = add(left, right);
@@ -63,7 +63,7 @@ TEST_F(ForEachNodeIn, GivesTheViewsOfTheTree) {
     EXPECT_EQ(visited, (std::vector<NodeView>{root, left, right}));
 }
 
-TEST_F(ForEachNodeIn, MatrixOfTwoEmptyRowsIsAskedSixOperationsOnly) {
+TEST_F(ForEachNodeIn, MatrixOfTwoEmptyRowsIsAskedOnlySixOperations) {
     EXPECT_EQ(
         log(matrix({row({}), row({})})),
         "Matrix! getMatrixRows # @0 Row! getRowExpressions # # @1 Row! getRowExpressions # #");
@@ -133,7 +133,7 @@ TEST_F(ForEachNodeIn, RangeThatGrowsDuringTheWalkIsVisitedToItsNewEnd) {
     EXPECT_EQ(labels, "Program a b c ");
 }
 
-TEST_F(ForEachNodeIn, OptionalChildThatIsGoneAtTheSecondAskingIsSkipped) {
+TEST_F(ForEachNodeIn, OptionalChildThatIsGoneWhenAskedAgainIsSkipped) {
     const auto root = colonOperation(id("start"), id("step"), id("stop"));
     int askings = 0;
     ast.onCall = [&](const Call& call) {
@@ -173,12 +173,12 @@ TEST_F(ForEachNodeIn, EmptyCallbackThrowsAtAValidRootBeforeAnyChildIsAsked) {
     EXPECT_EQ(ast.calls()[0].operation, Operation::getNodeKind);
 }
 
-TEST_F(ForEachNodeIn, EmptyCallbackIsNoErrorAtARootOfUnknownKind) {
+TEST_F(ForEachNodeIn, EmptyCallbackIsNotAnErrorAtARootOfUnknownKind) {
     EXPECT_NO_THROW(forEachNodeIn(unknown(0), {}));
     EXPECT_NO_THROW(forEachNodeIn(unknown(200), nullptr));
 }
 
-TEST_F(ForEachNodeIn, ExceptionOfTheCallbackStopsTheWalkAndPasses) {
+TEST_F(ForEachNodeIn, ExceptionOfTheCallbackStopsTheWalkAndPropagates) {
     const auto root = row({id("a"), id("b"), id("c")});
     std::string labels;
     try {
@@ -193,7 +193,7 @@ TEST_F(ForEachNodeIn, ExceptionOfTheCallbackStopsTheWalkAndPasses) {
     EXPECT_EQ(labels, "Row a b ");
 }
 
-TEST_F(ForEachNodeIn, ExceptionOfTheTreePassesUnchangedFromEveryOperation) {
+TEST_F(ForEachNodeIn, ExceptionOfTheTreePropagatesUnchangedFromEveryOperation) {
     struct Refusal {
         Operation operation;
     };

@@ -33,7 +33,7 @@ static_assert(offsetof(SymbolView, symbol) == 0 && offsetof(SymbolView, view) ==
     static_assert(std::is_base_of_v<NodeView, Name##View>);                                        \
     static_assert(std::is_convertible_v<const Name##View&, const NodeView&>);                      \
     static_assert(std::is_constructible_v<Name##View, const NodeView&>);                           \
-    static_assert(!std::is_convertible_v<const NodeView&, Name##View>, "made explicitly alone");   \
+    static_assert(!std::is_convertible_v<const NodeView&, Name##View>, "only explicitly");         \
     static_assert(Name##View::KIND == NodeKind::Name);
 #include <zt_orvex/ast/NodeKinds.def>
 
@@ -43,8 +43,8 @@ static_assert(offsetof(SymbolView, symbol) == 0 && offsetof(SymbolView, view) ==
     static_assert(offsetof(View, view) == 16);
 #include <zt_orvex/ast/RangeFamilies.def>
 
-TEST(Fnv1a, GivesThePublishedHashOfEightBytesTheLowestFirst) {
-    // "chongo w", of the test vectors that its authors publish.
+TEST(Fnv1a, ReturnsThePublishedHashOfEightBytesLowestFirst) {
+    // "chongo w", from the test vectors that the authors of the hash published.
     EXPECT_EQ(internal::fnv1a(0x77'20'6f'67'6e'6f'68'63), 0xd1edd10b507344d0U);
 }
 
@@ -86,11 +86,11 @@ TEST(SymbolView, EqualsAndHashesByTheHandleAlone) {
     EXPECT_EQ((std::unordered_set<SymbolView>{a, sameHandle, otherHandle}).size(), 2U);
 }
 
-TEST(TypedView, HasTheTwoFieldsOfTheNodeAndIsMadeWithoutAQuestion) {
+TEST(TypedView, HasTheTwoFieldsOfTheNodeAndIsMadeWithoutAskingTheTree) {
     TreeBuilder t;
     const NodeView node = t.id("x");
     t.ast.startRecording();
-    const WhileStatementView view(node); // No check: that it is none is the maker's affair.
+    const WhileStatementView view(node); // Not checked: it isn't one.
     EXPECT_EQ(view.node, node.node);
     EXPECT_EQ(view.view, node.view);
     EXPECT_EQ(view, node);

@@ -41,7 +41,7 @@ TEST(IAstView, OperationsAreDeclaredInTheOrderOfTheInterface) {
 }
 #endif
 
-/// An implementation as a consumer copies it.
+/// An implementation with data of its own, which a consumer copies.
 class Copied : public testing::FakeAst {
 public:
     Copied() = default;

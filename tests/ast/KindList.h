@@ -7,7 +7,7 @@
 
 namespace zt::orvex::testing {
 
-/// What a kind is expected to be. A clause is of the class "other", and control can stand at it.
+/// The expected class of a kind. A clause is of the class "other" and is a control flow node.
 enum class Expected { Other, Clause, Statement, Expression, Method };
 
 struct ListedKind {
@@ -15,8 +15,8 @@ struct ListedKind {
     Expected expected;
 };
 
-/// The kinds by number, from 1. Written by hand, so that the table of kinds can be held against it:
-/// the numbers are part of the interface, and the owner of a tree may have stored them.
+/// The kinds by number, from 1. Written by hand: tests hold the table of kinds against this list.
+/// The numbers are part of the interface, and owners of trees may have stored them.
 constexpr ListedKind KIND_LIST[] = {
     // 1
     {NodeKind::AnonymousFunction, Expected::Expression},
@@ -96,7 +96,7 @@ constexpr ListedKind KIND_LIST[] = {
 /// How many kinds there are.
 constexpr std::size_t KIND_COUNT = std::size(KIND_LIST);
 
-/// What the kind of that number is; every number that isn't a kind's is other.
+/// The expected class of the kind with that number; unknown kinds are other.
 constexpr Expected expectedOf(std::size_t number) {
     return 1 <= number && number <= KIND_COUNT ? KIND_LIST[number - 1].expected : Expected::Other;
 }

@@ -33,7 +33,7 @@ TEST(NodeClass, BitsHaveTheirValues) {
     EXPECT_EQ(MethodNode, 16);
 }
 
-TEST(NodeClass, EveryByteHasItsClassWord) {
+TEST(NodeClass, EveryKindHasItsClassWord) {
     for (int kind = 0; kind <= 255; ++kind) {
         EXPECT_EQ(getClassWord(static_cast<NodeKind>(kind)), expectedWord(kind)) << kind;
     }
@@ -53,13 +53,13 @@ TEST(NodeClass, EveryKindIsTestedForEveryCombinationOfFlags) {
     }
 }
 
-TEST(NodeClass, EveryNodeIsAnyNodeAlsoOneOfUnknownKind) {
+TEST(NodeClass, EveryNodeIsAnyNodeEvenOneOfUnknownKind) {
     TreeBuilder t;
     for (const int kind : {0, 1, 66, 200, 255})
         EXPECT_TRUE(hasClass(t.unknown(kind), AnyNode));
 }
 
-TEST(NodeClass, NoFlagsAreInNoWord) {
+TEST(NodeClass, NoWordContainsTheEmptySetOfFlags) {
     for (int word = 0; word <= 255; ++word) {
         EXPECT_FALSE(flagsContain(static_cast<std::uint8_t>(word), 0));
     }
@@ -79,7 +79,7 @@ TEST(NodeClass, BitOfValue8BelongsToNoKind) {
     }
 }
 
-TEST(NodeClass, FunctionDefinitionIsNoMethodAndRowIsAnExpression) {
+TEST(NodeClass, FunctionDefinitionIsNotAMethodAndRowIsAnExpression) {
     EXPECT_FALSE(kindHasClass(NodeKind::FunctionDefinition, MethodNode));
     EXPECT_TRUE(kindHasClass(NodeKind::Row, ExpressionNode));
 }

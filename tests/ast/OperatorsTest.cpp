@@ -18,7 +18,7 @@ namespace {
 
 using Stream16 = std::basic_ostringstream<char16_t>;
 
-// The spellings in order of value, written down a second time on purpose.
+// The spellings in the order of their values, written by hand as a second opinion.
 const std::vector<std::string> BINARY = {"+",  "-",   "*",  "/",  "\\", "^",  ".*",
                                          "./", ".\\", ".^", "<=", "<",  ">=", ">",
                                          "==", "~=",  "&&", "&",  "||", "|",  "@"};
@@ -78,18 +78,18 @@ TEST(Operators, NumbersAreFixed) {
     EXPECT_EQ(static_cast<int>(UnaryOperator::UnaryAt), 6);
 }
 
-TEST(Operators, DoubledFormStandsDirectlyBeforeTheSingleOne) {
+TEST(Operators, DoubledFormComesDirectlyBeforeTheSingleOne) {
     EXPECT_EQ(static_cast<int>(BinaryOperator::ShortCircuitAnd), 16);
     EXPECT_EQ(static_cast<int>(BinaryOperator::ElementAnd), 17);
     EXPECT_EQ(static_cast<int>(BinaryOperator::ShortCircuitOr), 18);
     EXPECT_EQ(static_cast<int>(BinaryOperator::ElementOr), 19);
 }
 
-TEST(Operators, ElementLeftDivideIsAPointAndABackslash) {
+TEST(Operators, ElementLeftDivideIsADotAndABackslash) {
     EXPECT_EQ(toString(BinaryOperator::ElementLeftDivide), std::string({'.', '\\'}));
 }
 
-TEST(Operators, ApostropheIsOneAndAtIsTheSameInBothAlphabets) {
+TEST(Operators, ApostropheIsOneCharacterAndAtIsTheSameForBothOperators) {
     EXPECT_EQ(toString(UnaryOperator::Apostrophe), "'");
     EXPECT_EQ(toString(UnaryOperator::UnaryAt), toString(BinaryOperator::At));
 }
@@ -118,7 +118,7 @@ TEST(Operators, WidthAppliesOnAStreamWithoutALocaleForItsCharacters) {
     EXPECT_TRUE(stream.good());
 }
 
-TEST(Operators, GiveBackTheirStream) {
+TEST(Operators, ReturnTheirStream) {
     Stream16 stream;
     EXPECT_EQ(&(stream << BinaryOperator::Add), &stream);
     EXPECT_EQ(&(stream << UnaryOperator::Tilde), &stream);

@@ -24,7 +24,7 @@ struct Accessor {
     Form form;
 };
 
-/// The accessors that give children, by name.
+/// The accessors that return children, by name.
 std::map<std::string, Accessor> makeAccessors() {
     std::map<std::string, Accessor> accessors;
 #define ZT_ORVEX_TEST_ONE(name) accessors[#name] = {Operation::name, Form::One};
@@ -36,7 +36,7 @@ std::map<std::string, Accessor> makeAccessors() {
 
 using Grammar = std::map<NodeKind, std::vector<Accessor>>;
 
-/// The accessors of each kind in the order of visit, read off the traces that were written by hand.
+/// The accessors of each kind in the order of visit, read from the hand-written traces.
 Grammar makeGrammar() {
     const auto accessors = makeAccessors();
     Grammar grammar;
@@ -72,7 +72,7 @@ public:
             isLeaf ? NodeKind::End : static_cast<NodeKind>(random.below(KIND_COUNT + 5));
         if (kind == NodeKind::Identifier) return ast.addIdentifier(u"x");
         if (kind == NodeKind::InputParameter) return makeInputParameter(depth);
-        // An unknown kind gets the parts of some known one: they must not be visited.
+        // A node of an unknown kind gets parts, too: they must not be visited.
         const auto row = getGrammar().find(kind);
         const auto& accessors =
             row != getGrammar().end() ? row->second : getGrammar().at(NodeKind::ForStatement);
@@ -111,7 +111,8 @@ private:
     std::size_t nodesLeft;
 };
 
-/// The plain walk that the library's is held against: by the grammar, on the tree's own lists.
+/// The plain walk that the library's walk is compared with: it follows the grammar on the lists of
+/// the FakeAst.
 void walkPlainly(const FakeAst& ast, const NodeView& node, std::vector<NodeView>& visited) {
     const auto row = getGrammar().find(ast.getNodeKind(node.node));
     if (row == getGrammar().end()) return;

@@ -6,15 +6,15 @@
 
 namespace zt::orvex::testing {
 
-/// Writes down all that a walk of a FakeAst asks and calls, in the form of the traces of
+/// Logs what a walk of a FakeAst asks and which nodes it visits, in the form of the traces in
 /// WalkTraces.h.
 ///
-/// Takes the place of the tree's `onCall`.
+/// Replaces the tree's `onCall`.
 class WalkLog {
 public:
     explicit WalkLog(FakeAst& ast);
 
-    /// To be called by the walk's callback.
+    /// The walk's callback calls this.
     void visited(const NodeView& node);
 
     const std::string& text() const { return log; }

@@ -17,13 +17,12 @@
 namespace zt::orvex::testing {
 namespace {
 
-// What a main thread commonly has. The red zones of a sanitizer make the frames of all but the
-// plainest kinds larger than such a stack allows for.
+// The usual stack of a main thread. A sanitizer's red zones make most frames too large for it.
 constexpr std::size_t USUAL_STACK = 8 << 20;
 constexpr std::size_t STACK = ZT_ORVEX_TEST_SANITIZED == 0 ? USUAL_STACK : 3 * USUAL_STACK;
 constexpr std::size_t DEPTH = 20'000;
 
-/// Runs `work` on a thread with a stack of that size, whatever the limit of this process.
+/// Runs `work` on a thread with a stack of that size, independently of the limit of this process.
 void runOnStackOf(std::size_t bytes, const std::function<void()>& work) {
     pthread_attr_t attributes;
     ASSERT_EQ(pthread_attr_init(&attributes), 0);
@@ -39,7 +38,7 @@ void runOnStackOf(std::size_t bytes, const std::function<void()>& work) {
     pthread_attr_destroy(&attributes);
 }
 
-/// The accessors that the full trace of a kind asks, each with a child.
+/// The accessors that the full trace of a kind asks; each has a child.
 std::vector<Operation> accessorsOf(const WalkTrace& trace) {
     TreeBuilder t;
     const NodeView root = trace.build(t);
@@ -60,7 +59,7 @@ std::vector<Operation> accessorsOf(const WalkTrace& trace) {
     return accessors;
 }
 
-/// A chain of `depth` nodes of one kind, each in the part number `way` of the one above; the other
+/// A chain of `depth` nodes of one kind, each in part number `way` of the one above; the other
 /// parts hold a leaf.
 NodeView makeChain(FakeAst& ast, NodeKind kind, const std::vector<Operation>& accessors,
                    std::size_t way, std::size_t depth) {
@@ -80,8 +79,8 @@ std::uintptr_t stackPointer() {
     return reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0));
 }
 
-/// The bytes of stack that a level of the tree takes: the most that lies between two callbacks one
-/// below the other.
+/// The bytes of stack that a level of the tree takes: the largest distance between the callbacks of
+/// a node and its child.
 std::size_t bytesPerLevel(const NodeView& root, std::size_t depth) {
     std::vector<std::uintptr_t> addresses;
     forEachNodeIn(root, [&](const NodeView& node) {
@@ -95,7 +94,7 @@ std::size_t bytesPerLevel(const NodeView& root, std::size_t depth) {
     return most;
 }
 
-/// A way down a tree: a kind of node, and the part that holds the next level.
+/// A path down a tree: a kind of node, and the part that holds the next level.
 struct Way {
     NodeKind kind;
     std::vector<Operation> accessors;
@@ -126,7 +125,7 @@ TEST(WalkStack, LevelOfTheTreeTakesAtMost160Bytes) {
 }
 #endif
 
-TEST(WalkStack, TreeOf20000LevelsFitsDownTheWayThatTakesMost) {
+TEST(WalkStack, TreeOf20000LevelsFitsAlongThePathThatTakesMostStack) {
     std::size_t most = 0;
     Way worst{};
     for (const Way& way : allWays()) {

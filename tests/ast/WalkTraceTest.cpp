@@ -30,7 +30,7 @@ std::string walkWithForEachForStatementIn(const WalkTrace& trace) {
     return log.text();
 }
 
-/// What the walk with a hook at `ForStatement` alone does where the other one does `trace`.
+/// The trace of the walk that calls back only at `ForStatement`, made from that of the other walk.
 std::string callingOnlyAtForStatements(const WalkTrace& trace) {
     std::string text = trace.expected;
     const std::string loop = "ForStatement!";
@@ -40,19 +40,19 @@ std::string callingOnlyAtForStatements(const WalkTrace& trace) {
     return text;
 }
 
-TEST(WalkTrace, EveryKindIsCalledBackAndAskedAsWrittenDown) {
+TEST(WalkTrace, EveryKindIsVisitedAndAskedAsInItsTrace) {
     for (const WalkTrace& trace : FULL_TRACES) {
         EXPECT_EQ(walkWithForEachNodeIn(trace), trace.expected);
     }
 }
 
-TEST(WalkTrace, EveryKindWithoutOptionalPartsIsAskedAsWrittenDown) {
+TEST(WalkTrace, EveryKindWithoutItsOptionalPartsIsVisitedAndAskedAsInItsTrace) {
     for (const WalkTrace& trace : BARE_TRACES) {
         EXPECT_EQ(walkWithForEachNodeIn(trace), trace.expected);
     }
 }
 
-TEST(WalkTrace, BothWalkersAskTheSameInTheSameOrder) {
+TEST(WalkTrace, BothWalkersAskTheSameQuestionsInTheSameOrder) {
     for (const auto* traces : {&FULL_TRACES, &BARE_TRACES}) {
         for (const WalkTrace& trace : *traces) {
             EXPECT_EQ(walkWithForEachForStatementIn(trace), callingOnlyAtForStatements(trace));
@@ -60,7 +60,7 @@ TEST(WalkTrace, BothWalkersAskTheSameInTheSameOrder) {
     }
 }
 
-TEST(WalkTrace, NoKindIsWithoutATrace) {
+TEST(WalkTrace, EveryKindHasATrace) {
     std::vector<NodeKind> traced;
     for (const WalkTrace& trace : FULL_TRACES) {
         TreeBuilder t;
@@ -71,8 +71,8 @@ TEST(WalkTrace, NoKindIsWithoutATrace) {
     EXPECT_EQ(traced, std::vector<NodeKind>(all.begin(), all.end()));
 }
 
-// A range or an optional child that is there in the full trace has its bare trace, too.
-TEST(WalkTrace, NoKindWithOptionalPartsIsWithoutABareTrace) {
+// A kind with a range or an optional child in its full trace has a bare trace, too.
+TEST(WalkTrace, EveryKindWithOptionalPartsHasABareTrace) {
     std::set<NodeKind> bare;
     for (const WalkTrace& trace : BARE_TRACES) {
         TreeBuilder t;

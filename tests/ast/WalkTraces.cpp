@@ -2,7 +2,7 @@
 
 namespace zt::orvex::testing {
 
-// Written by hand, kind by kind: they are what the table of children is held against.
+// Written by hand, kind by kind: tests hold the table of kinds against these traces.
 
 const std::vector<WalkTrace> FULL_TRACES = {
     {NodeKind::AnonymousFunction,

@@ -6,7 +6,7 @@
 
 namespace zt::orvex::testing {
 
-/// A small tree and all that happens when it is walked, in order:
+/// A small tree and everything that happens when it is walked, in order:
 ///
 ///   a label    the kind of the node was asked
 ///   !          the callback was called with that node
@@ -19,10 +19,11 @@ struct WalkTrace {
     const char* expected;
 };
 
-/// A trace for every kind, with all parts present and two elements in each range.
+/// A trace for every kind, with all parts present and two elements in each range. In the order of
+/// the kinds.
 extern const std::vector<WalkTrace> FULL_TRACES;
 
-/// Traces of kinds with optional children or ranges, with all of those absent or empty.
+/// A trace for every kind with optional children or ranges, with all of these absent or empty.
 extern const std::vector<WalkTrace> BARE_TRACES;
 
 } // namespace zt::orvex::testing

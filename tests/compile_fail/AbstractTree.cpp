@@ -1,4 +1,4 @@
-// An implementation of IAstView must answer every operation.
+// An implementation of IAstView must define every operation.
 #include <zt_orvex/ast/IAstView.h>
 
 class Tree : public zt::orvex::IAstView {

@@ -1,4 +1,4 @@
-// A row of the table of children cannot take a range or an optional child for a plain one.
+// A row of the table of kinds can't declare a range or an optional child as a plain one.
 #include "ast/Children.h"
 
 using namespace zt::orvex;

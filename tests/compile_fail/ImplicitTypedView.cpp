@@ -1,4 +1,4 @@
-// A node does not become a typed view unless somebody says so.
+// A node becomes a typed view only explicitly.
 #include <zt_orvex/ast/TypedViews.h>
 
 using namespace zt::orvex;

@@ -1,4 +1,4 @@
-// A visitor without a fallback must handle every kind: one that misses a kind does not compile.
+// A visitor without a fallback must handle every kind: if it misses one, it doesn't compile.
 #include "ast/AstViewDispatcher.h"
 
 #include <type_traits>

@@ -1,4 +1,4 @@
-// The handles of nodes and of symbols are two things.
+// The handles of nodes and of symbols can't be mixed up.
 #include <zt_orvex/ast/NodeView.h>
 #include <zt_orvex/ast/SymbolView.h>
 

@@ -25,7 +25,7 @@ constexpr const char* KIND_NAMES[] = {
 #include <zt_orvex/ast/NodeKinds.def>
 };
 
-/// The families of ranges. An operation that has to do with none is of the family `None`.
+/// The families of ranges. `None` is for operations that don't concern a range.
 enum class Family : std::uint8_t {
     None,
 #define ZT_ORVEX_RANGE_FAMILY(View, element, size) View,
@@ -54,8 +54,7 @@ std::string describe(NodeKind kind) {
            std::to_string(static_cast<int>(kind)) + ")";
 }
 
-// Without the library's conversion, which it hides: a FakeAst also serves tests of the exported
-// functions alone.
+// The library's conversion is hidden, and a FakeAst also serves tests that link the shared library.
 std::string narrow(std::u16string_view name) {
     std::string text;
     for (const char16_t unit : name)
@@ -156,7 +155,7 @@ void FakeAst::watch(const Call& call) const {
 }
 
 const FakeAst::Node& FakeAst::at(Operation operation, std::uint64_t node) const {
-    if (node - FIRST_NODE >= nodes.size()) refuse(operation, "of what is no node");
+    if (node - FIRST_NODE >= nodes.size()) refuse(operation, "for a handle that isn't a node's");
     return nodes[node - FIRST_NODE];
 }
 
@@ -196,7 +195,7 @@ const FakeAst::StoredPart& FakeAst::rangePart(Operation operation, std::uint64_t
                                               std::uint64_t second) const {
     const Node& owner = at(operation, first);
     if (second < owner.firstPart || second >= owner.firstPart + owner.partCount) {
-        refuse(operation, "of what is no range");
+        refuse(operation, "for words that aren't a range's");
     }
     const StoredPart& part = parts[second];
     if (familyOf(part.operation) != familyOf(operation)) {
@@ -221,12 +220,12 @@ std::uint64_t FakeAst::size(Operation operation, std::uint64_t first, std::uint6
     return rangePart(operation, first, second).size;
 }
 
-void FakeAst::reserved(Operation operation) const { refuse(operation, "though nobody may ask it"); }
+void FakeAst::reserved(Operation operation) const { refuse(operation, "although it is reserved"); }
 
 bool FakeAst::isVariableSymbol(std::uint64_t symbol) const {
     called(Operation::isVariableSymbol, symbol);
     if (symbol - FIRST_SYMBOL >= symbols.size()) {
-        refuse(Operation::isVariableSymbol, "of what is no symbol");
+        refuse(Operation::isVariableSymbol, "for a handle that isn't a symbol's");
     }
     return symbols[symbol - FIRST_SYMBOL].isVariable;
 }

@@ -32,15 +32,15 @@ enum class Operation : std::uint8_t {
 const char* nameOf(Operation operation);
 const char* nameOf(NodeKind kind);
 
-/// One question to a FakeAst, with its arguments in order; what an operation does not take is 0.
+/// One call of a FakeAst, with its arguments in order; those that an operation doesn't have are 0.
 struct Call {
     Operation operation;
     std::uint64_t arguments[3];
 };
 
-/// What one accessor of a new node answers: a child, an optional child or the nodes of a range.
+/// What one accessor of a new node returns: a child, an optional child or the nodes of a range.
 ///
-/// Refers to what it is made from: use it only as an argument of `FakeAst::add`.
+/// Refers to the nodes that it is made from: use it only as an argument of `FakeAst::add`.
 struct Part {
     Part(Operation accessor, const NodeView& child) : operation(accessor), nodes(&child), size(1) {}
     Part(Operation accessor, const boost::optional<NodeView>& child)
@@ -56,13 +56,13 @@ struct Part {
 /// A tree in memory, for tests. Build it with a TreeBuilder (TreeBuilder.h).
 ///
 /// Strict: it throws std::logic_error, with a text that says what was asked, for an accessor that
-/// the node's kind does not have, an element at or beyond the size of its range, a range asked
-/// through another family, and for the operations that nobody may call.
+/// the node's kind doesn't have, an element at or beyond the size of its range, a range asked
+/// through another family, and for the reserved operations.
 ///
-/// Watching. `startRecording()` keeps all calls from then on, `calls()` gives them and `count(op)`
-/// counts them. `onCall` is called with each call before it is answered; it may throw, or change
-/// the tree with the operations under "Misbehaving". Without either, a FakeAst is as good as const
-/// and can be shared between threads.
+/// Watching. `startRecording()` keeps all calls from then on, `calls()` returns them and
+/// `count(op)` counts them. `onCall` gets each call before it is answered; it may throw, or change
+/// the tree with the operations under "Misbehaving". Without either, a FakeAst is effectively
+/// const and can be shared between threads.
 ///
 ///   ast.onCall = [](const Call& call) {
 ///       if (call.operation == Operation::getIfBody) throw std::runtime_error("no body");
@@ -80,27 +80,27 @@ public:
 
     // Building
 
-    /// A node whose accessors answer `parts`. `datum` is its operator, or for an InputParameter the
-    /// kind that it says it holds.
+    /// A node whose accessors return `parts`. `datum` is its operator, or for an InputParameter the
+    /// kind that it claims to hold.
     NodeView add(NodeKind kind, const std::vector<Part>& parts, std::uint32_t datum = 0);
     NodeView addIdentifier(std::u16string_view name);
     void clear();
 
-    /// The symbol of `name`, made if there is none yet.
+    /// The symbol of `name`, created if there is none yet.
     SymbolView symbol(std::u16string_view name);
     std::u16string_view nameOfSymbol(const SymbolView& symbol) const;
     void setIsVariable(std::u16string_view name, bool isVariable);
 
-    /// What `accessor` of the node answers, as a list. Is no call.
+    /// What `accessor` of the node returns, as a list. Doesn't count as a call.
     std::vector<NodeView> childrenOf(const NodeView& node, Operation accessor) const;
 
-    /// The number of nodes. Handles go from `FIRST_NODE` up, in the order of making.
+    /// The number of nodes. Handles count from `FIRST_NODE`, in the order of creation.
     std::size_t size() const { return nodes.size(); }
 
     // Misbehaving
 
     void setKind(const NodeView& node, NodeKind kind);
-    /// Makes a range or an optional child as large as `size`, up to what it was built with.
+    /// Sets the size of a range or an optional child, up to the size that it was built with.
     void setSize(const NodeView& node, Operation accessor, std::size_t size);
 
     // Watching
@@ -111,7 +111,7 @@ public:
 
     std::function<void(const Call&)> onCall;
 
-    /// An identifier's spelling, or else the name of the node's kind. Is no call.
+    /// An identifier's spelling; for other nodes the name of their kind. Doesn't count as a call.
     std::string labelOf(const NodeView& node) const;
 
     // IAstView
@@ -150,7 +150,7 @@ public:
     NodeKind getNodeKind(std::uint64_t node) const override;
     UnaryOperator getUnaryOperator(std::uint64_t node) const override;
 
-    // Handles of the four sorts lie far apart, so that mixing them up is found out.
+    // The four sorts of handles lie far apart, so that mixing them up is detected.
     static constexpr std::uint64_t FIRST_NODE = 0x1000;
     static constexpr std::uint64_t FIRST_SYMBOL = 0x5000'0000'0000;
     static constexpr std::uint64_t ENTRY_NODE = 0xE000'0000'0000'0001;
@@ -161,7 +161,7 @@ private:
         NodeKind kind;
         std::uint8_t partCount;
         std::uint32_t firstPart;
-        std::uint32_t datum; // The operator, the kind held or the number of the symbol.
+        std::uint32_t datum; // The operator, the kind held, or the number of the symbol.
     };
     struct StoredPart {
         Operation operation;
@@ -198,7 +198,7 @@ private:
     std::vector<Node> nodes;
     std::vector<StoredPart> parts;
     std::vector<NodeView> children;
-    std::deque<Symbol> symbols; // A deque, since names are handed out as views.
+    std::deque<Symbol> symbols; // A deque: names are handed out as views and must not move.
     std::unordered_map<std::u16string_view, std::uint32_t> symbolNumbers;
     bool isRecording = false;
     mutable std::vector<Call> recorded;

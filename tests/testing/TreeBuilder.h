@@ -14,7 +14,7 @@ namespace zt::orvex::testing {
 using Nodes = std::vector<NodeView>;
 using MaybeNode = boost::optional<NodeView>;
 
-/// Builds trees as expressions: a function for each of the 66 kinds, with the parts as arguments.
+/// Builds trees as expressions: a function for each kind, with the parts as arguments.
 ///
 ///   TreeBuilder t;
 ///   const auto body = t.assign(t.id("x"), t.add(t.id("a"), t.id("b")));
@@ -25,21 +25,21 @@ using MaybeNode = boost::optional<NodeView>;
 ///
 ///   class LiveVariables : public ::testing::Test, protected TreeBuilder {};
 ///
-/// The order of arguments is that of source text where there is one. A range is a braced list, an
-/// absent optional child `{}` or left out. The functions give typed views, which convert to
-/// NodeView. In what order the arguments of a call are made, and so which handles they get, is up
-/// to the compiler: compare labels, not handles.
+/// Arguments are in the order of source text where there is one. A range is a braced list; an
+/// absent optional child is `{}` or left out. The functions return typed views, which convert to
+/// NodeView. The compiler chooses the order in which the arguments of a call are evaluated, and so
+/// the handles of nodes: compare labels, not handles.
 class TreeBuilder {
 public:
     FakeAst ast;
 
-    /// The symbol of an identifier's name. `setIsVariable` of `ast` takes it out of the variables.
+    /// The symbol of an identifier's name: a variable unless `ast.setIsVariable` says otherwise.
     SymbolView symbol(std::string_view name);
 
-    /// A node of a kind that no node may have.
+    /// A node of a kind given by number, without parts: for kinds that aren't in the table.
     NodeView unknown(int kind);
 
-    /// The statements as a range, such as the computations on ranges take.
+    /// The statements as a range, for computations that take one.
     StatementRangeView block(const Nodes& statements);
 
     // Expressions
@@ -122,7 +122,7 @@ public:
                                               const Nodes& argumentsBlocks, const Nodes& members);
     /// Holds an Identifier or an IgnoredArgument, and has only the accessor that matches.
     InputParameterView inputParameter(NodeView held);
-    /// Says that it holds a node of `kind`, whatever its two accessors answer.
+    /// Claims to hold a node of `kind`, independently of what its two accessors return.
     InputParameterView inputParameterThatSays(NodeKind kind, MaybeNode identifier,
                                               MaybeNode ignored);
     MethodDeclarationView methodDeclaration(const Nodes& outputs, NodeView name,
@@ -138,7 +138,9 @@ public:
     ValidationSpecificationView validationSpecification(const Nodes& first, MaybeNode part,
                                                         const Nodes& second);
 
-private:
+    // Any kind
+    /// A node with the parts given: `make<ElseClauseView>({{Operation::getElseBody, body}})`. For a
+    /// kind that only few tests need; the functions above are made of it.
     template <typename View>
     View make(std::initializer_list<Part> parts = {}, std::uint32_t datum = 0) {
         return View(ast.add(View::KIND, parts, datum));

@@ -5,11 +5,11 @@
 
 namespace zt::orvex::flow {
 
-/// Whether control can stand at `node`: true for every statement and for `CaseClause`,
-/// `CatchClause` and `ElseIfClause`; false for all other kinds, those outside 1 to 66 included.
+/// Whether `node` is a node of the control flow: true for every statement and for `CaseClause`,
+/// `CatchClause` and `ElseIfClause`, false for all other kinds, unknown ones included.
 ///
-/// Deliberate: `ElseClause` and `OtherwiseClause` are no flow nodes although their siblings are.
-/// Nothing is evaluated at their head: control enters their bodies straight from the statement.
+/// Deliberate: `ElseClause` and `OtherwiseClause` aren't flow nodes although their siblings are.
+/// They evaluate nothing themselves: control enters their bodies directly from the statement.
 ZT_ORVEX_EXPORT bool isControlFlowNode(const NodeView& node);
 
 } // namespace zt::orvex::flow

@@ -7,17 +7,17 @@
 
 namespace zt::orvex {
 
-/// Gives the source text of a node.
+/// Turns a node into source text.
 ///
-/// A point of contact between other modules. One of them derives from this class, another one asks;
-/// the library declares and exports it and does nothing else with it.
+/// An interface between other modules: one derives from this class, another one calls it. The
+/// library only declares and exports it.
 ///
 /// The order of the declarations is part of the binary interface.
 class ZT_ORVEX_EXPORT IUnparserAdapter {
 public:
     virtual ~IUnparserAdapter();
 
-    /// Text that parses to `node` and what is below it. It need not be the text that was parsed.
+    /// Text that parses to `node` and its subtree. It need not be the text that was parsed.
     virtual std::u16string unparse(const NodeView& node) const = 0;
 
     IUnparserAdapter();

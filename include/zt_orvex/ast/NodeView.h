@@ -15,13 +15,13 @@ class IAstView;
 /// A handle that names one node of a consumer's tree.
 ///
 /// Two words, copied freely, owning nothing. Two views are equal when their handles are equal, and
-/// hash by the handle alone: `view` plays no part. Neither word is checked: a null `view`, or a
-/// handle that means nothing to it, is the caller's fault.
+/// hash by the handle alone; `view` is ignored. Neither word is checked: a null `view`, or a handle
+/// that means nothing to it, is the caller's error.
 struct NodeView {
     std::uint64_t node;   ///< Identifies the node to `view`; the library never looks inside.
-    const IAstView* view; ///< Whom to ask; must outlive the handle.
+    const IAstView* view; ///< The tree to ask; must outlive the handle.
 
-    /// Asks `view` for the node's kind. Defined in IAstView.h, which a caller includes.
+    /// Asks `view` for the node's kind. Defined in IAstView.h, which callers must include.
     inline NodeKind getKind() const;
 
     friend bool operator==(const NodeView& a, const NodeView& b) { return a.node == b.node; }

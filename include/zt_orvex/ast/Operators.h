@@ -10,7 +10,7 @@ namespace zt::orvex {
 
 /// The operator of a `BinaryOperation`. The numbers are part of the interface.
 ///
-/// Deliberate: in each pair the doubled form stands directly before the single one.
+/// Deliberate: the doubled form comes directly before the single one.
 enum class BinaryOperator : std::uint32_t {
     Add,                ///< +
     Subtract,           ///< -
@@ -20,7 +20,7 @@ enum class BinaryOperator : std::uint32_t {
     MatrixPower,        ///< ^
     ElementMultiply,    ///< .*
     ElementRightDivide, ///< ./
-    ElementLeftDivide,  ///< a point and a backslash
+    ElementLeftDivide,  ///< a dot and a backslash
     ElementPower,       ///< .^
     LessOrEqual,        ///< <=
     Less,               ///< <
@@ -35,8 +35,8 @@ enum class BinaryOperator : std::uint32_t {
     At,                 ///< @
 };
 
-/// The operator of a `UnaryOperation`. The numbers are part of the interface; nothing tells whether
-/// an operator stands before or behind its operand.
+/// The operator of a `UnaryOperation`. The numbers are part of the interface. They don't say
+/// whether an operator comes before or after its operand.
 enum class UnaryOperator : std::uint32_t {
     UnaryPlus,     ///< +
     UnaryMinus,    ///< -
@@ -47,11 +47,11 @@ enum class UnaryOperator : std::uint32_t {
     UnaryAt,       ///< @
 };
 
-/// Writes the operator's source spelling; the stream's width and fill apply, and the stream needs
-/// no locale for 16-bit characters. There is no inserter for 8-bit streams: use `toString`.
+/// Writes the operator's source spelling. The stream's width and fill apply; it needs no locale for
+/// 16-bit characters. There is no inserter for 8-bit streams: use `toString`.
 ///
 /// Throws std::out_of_range("invalid map<K, T> key"), before the stream is touched, for a value
-/// that is no enumerator.
+/// that isn't an enumerator.
 ZT_ORVEX_EXPORT std::basic_ostream<char16_t>& operator<<(std::basic_ostream<char16_t>& stream,
                                                          const BinaryOperator& op);
 ZT_ORVEX_EXPORT std::basic_ostream<char16_t>& operator<<(std::basic_ostream<char16_t>& stream,

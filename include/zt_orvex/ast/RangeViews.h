@@ -8,10 +8,10 @@
 
 namespace zt::orvex {
 
-/// Where an iteration over a range view ends: where its index is no longer below the range's size.
+/// The end of an iteration over a range view: reached when the index is no longer below the size.
 struct RangeEnd {};
 
-/// Goes over the elements of a range view by index. Asks the size anew before each element.
+/// Iterates over the elements of a range view by index. Asks the size anew before each element.
 template <typename Range>
 class RangeIterator {
 public:
@@ -32,8 +32,8 @@ private:
 // A range view for each family: an ordered list of nodes in a consumer's tree.
 //
 // Three words, copied freely, owning nothing, valid as long as the tree: two opaque ones that mean
-// something only to the IAstView, then the pointer to it. Each call of `size()` and `operator[]` is
-// one question to it. The index is zero-based and must be below the size; that is not checked.
+// something only to the IAstView, then the pointer to it. Each call of `size()` and `operator[]`
+// calls the IAstView once. The index counts from 0 and must be below the size; it isn't checked.
 //
 //     for (NodeView statement : forStatement.getForBody()) use(statement);
 #define ZT_ORVEX_RANGE_FAMILY(View, element, sizeOperation)                                        \

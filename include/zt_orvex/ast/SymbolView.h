@@ -14,10 +14,10 @@ class IAstView;
 /// A handle that names one symbol of a consumer's program.
 ///
 /// Two words, copied freely, owning nothing. Two views are equal when their handles are equal, and
-/// hash by the handle alone: `view` plays no part.
+/// hash by the handle alone; `view` is ignored.
 struct SymbolView {
     std::uint64_t symbol; ///< Identifies the symbol to `view`; the library never looks inside.
-    const IAstView* view; ///< Whom to ask; must outlive the handle.
+    const IAstView* view; ///< The tree to ask; must outlive the handle.
 
     friend bool operator==(const SymbolView& a, const SymbolView& b) {
         return a.symbol == b.symbol;
