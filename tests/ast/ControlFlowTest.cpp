@@ -1,4 +1,4 @@
-#include "KindList.h"
+#include "WalkTraces.h"
 #include "testing/PrintTo.h"
 #include "testing/TreeBuilder.h"
 
@@ -9,14 +9,14 @@
 namespace zt::orvex::flow {
 namespace {
 
-using testing::Expected;
+using testing::KindClass;
 using testing::TreeBuilder;
 
 TEST(IsControlFlowNode, HoldsForStatementsAndThreeClausesAlone) {
     TreeBuilder t;
     for (int kind = 0; kind <= 255; ++kind) {
-        const Expected expected = testing::expectedOf(static_cast<std::size_t>(kind));
-        const bool isOne = expected == Expected::Statement || expected == Expected::Clause;
+        const KindClass expected = testing::expectedClass(static_cast<std::size_t>(kind));
+        const bool isOne = expected == KindClass::Statement || expected == KindClass::Clause;
         EXPECT_EQ(isControlFlowNode(t.unknown(kind)), isOne) << kind;
     }
 }

@@ -1,5 +1,5 @@
 #include "ast/NodeClass.h"
-#include "KindList.h"
+#include "WalkTraces.h"
 #include "testing/PrintTo.h"
 #include "testing/TreeBuilder.h"
 
@@ -8,19 +8,19 @@
 namespace zt::orvex::internal {
 namespace {
 
-using testing::Expected;
+using testing::KindClass;
 using testing::TreeBuilder;
 
 std::uint8_t expectedWord(int kind) {
-    switch (testing::expectedOf(static_cast<std::size_t>(kind))) {
-    case Expected::Statement:
+    switch (testing::expectedClass(static_cast<std::size_t>(kind))) {
+    case KindClass::Statement:
         return 3;
-    case Expected::Expression:
+    case KindClass::Expression:
         return 5;
-    case Expected::Method:
+    case KindClass::Method:
         return 17;
-    case Expected::Clause:
-    case Expected::Other:
+    case KindClass::Clause:
+    case KindClass::Other:
         break;
     }
     return 1;

@@ -1,4 +1,4 @@
-#include "KindList.h"
+#include "WalkTraces.h"
 #include "testing/PrintTo.h"
 
 #include <zt_orvex/ast/NodeKind.h>
@@ -16,13 +16,13 @@ static_assert(static_cast<int>(NodeKind{}) == 0 && NodeKind{} == NodeKind::Inval
 
 TEST(NodeKind, EveryNameHasItsNumber) {
     int expected = 1;
-    for (const testing::ListedKind& listed : testing::KIND_LIST)
-        EXPECT_EQ(static_cast<int>(listed.kind), expected++) << listed.kind;
+    for (const testing::WalkTrace& trace : testing::FULL_TRACES)
+        EXPECT_EQ(static_cast<int>(trace.kind), expected++) << testing::nameOf(trace.kind);
 }
 
 TEST(GetAllNodeKinds, HoldsAllKindsAscendingAndNotInvalid) {
     const std::set<NodeKind>& kinds = getAllNodeKinds();
-    ASSERT_EQ(kinds.size(), testing::KIND_COUNT);
+    ASSERT_EQ(kinds.size(), testing::FULL_TRACES.size());
     int expected = 1;
     for (const NodeKind kind : kinds)
         EXPECT_EQ(static_cast<int>(kind), expected++);

@@ -1,4 +1,3 @@
-#include "KindList.h"
 #include "WalkTraces.h"
 #include "ast/ForEachForStatementIn.h"
 #include "testing/PrintTo.h"
@@ -69,7 +68,7 @@ public:
         if (nodesLeft > 0) --nodesLeft;
         const bool isLeaf = nodesLeft == 0 || depth > 40;
         const auto kind =
-            isLeaf ? NodeKind::End : static_cast<NodeKind>(random.below(KIND_COUNT + 5));
+            isLeaf ? NodeKind::End : static_cast<NodeKind>(random.below(FULL_TRACES.size() + 5));
         if (kind == NodeKind::Identifier) return ast.addIdentifier(u"x");
         if (kind == NodeKind::InputParameter) return makeInputParameter(depth);
         // A node of an unknown kind gets parts, too: they must not be visited.
@@ -155,7 +154,7 @@ TEST(RandomWalk, BothWalkersAgreeWithAPlainOne) {
         internal::forEachForStatementIn(root, [&](const NodeView& node) { loops.push_back(node); });
         ASSERT_EQ(loops, expectedLoops) << "round " << round;
     }
-    EXPECT_EQ(kindsSeen.size(), KIND_COUNT) << "not all kinds were seen";
+    EXPECT_EQ(kindsSeen.size(), FULL_TRACES.size()) << "not all kinds were seen";
 }
 
 } // namespace
