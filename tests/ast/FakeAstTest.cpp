@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <stdexcept>
+#include <string>
 
 namespace zt::orvex::testing {
 namespace {
@@ -75,7 +76,8 @@ TEST_F(FakeAstTest, CallsItsHookBeforeItAnswers) {
 }
 
 TEST_F(FakeAstTest, PrintsKindsByName) {
-    EXPECT_EQ(::testing::PrintToString(NodeKind::IfStatement), "IfStatement (38)");
+    const auto number = std::to_string(static_cast<int>(NodeKind::IfStatement));
+    EXPECT_EQ(::testing::PrintToString(NodeKind::IfStatement), "IfStatement (" + number + ")");
     EXPECT_EQ(::testing::PrintToString(static_cast<NodeKind>(200)), "unknown (200)");
     EXPECT_EQ(::testing::PrintToString(NodeView(id("x"))), "x (0x1000)");
     EXPECT_EQ(::testing::PrintToString(ast.getEntryNode()), "entry (0xe000000000000001)");

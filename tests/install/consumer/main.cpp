@@ -87,8 +87,8 @@ void checkLeaves() {
 
     std::basic_ostringstream<char16_t> out;
     out.imbue(getChar16Locale());
-    out << std::setfill(u'*') << std::setw(4) << 42 << NodeKind::IfStatement;
-    expect("16-bit stream", out.str(), std::u16string(u"**4238"));
+    out << std::setfill(u'*') << std::setw(4) << 42 << NodeKind::Invalid;
+    expect("16-bit stream", out.str(), std::u16string(u"**420"));
 }
 
 void checkExceptionCrosses() {
