@@ -10,12 +10,12 @@ namespace zt::orvex::internal {
 
 namespace {
 
-/// What each stream of the stack is: the stream of a level. Its text is that of the pieces and then
-/// what the stream holds: a failed level inside this one becomes pieces, with what had been written
-/// here before it.
+/// The stream of one level: the actual type of every stream on the stack. Its text is the pieces,
+/// followed by what the stream holds. When a level inside this one fails, what has been written here
+/// so far and the failed level's text become pieces.
 ///
-/// Inserting the failed level's text into the stream instead copies the way down to a mismatch at
-/// every level of it: measured on 2,000 levels, 4.4 seconds instead of 10 milliseconds.
+/// Inserting the failed level's text into the stream instead would copy the path to a mismatch again
+/// at each level of the path, which is quadratic in the depth.
 struct Level : std::ostringstream {
     void finishPiece() {
         pieces.push_back(str());
@@ -40,6 +40,10 @@ struct Level : std::ostringstream {
 
 Level& asLevel(std::ostringstream& log) { return static_cast<Level&>(log); }
 
+void writeStringsHead(std::ostream& log, std::u16string_view first, std::u16string_view second) {
+    log << "Matching strings [" << utf16ToUtf8(first) << "] and [" << utf16ToUtf8(second) << "]";
+}
+
 } // namespace
 
 EquivalenceFullLogger::EquivalenceFullLogger() { clear(); }
@@ -51,7 +55,7 @@ void EquivalenceFullLogger::clear() {
     logStack.push_back(std::make_unique<Level>());
 }
 
-// Each head line stays without its end: doneMatching decides how it ends.
+// Head lines are left unfinished: doneMatching decides how each one ends.
 
 void EquivalenceFullLogger::startNewMatch() {}
 
@@ -60,17 +64,20 @@ void EquivalenceFullLogger::beginMatching(const std::string& first, const std::s
     beginNested();
 }
 
+// The overloads share only a function that isn't virtual: a subclass that overrides one of them
+// must not hear of calls to the other.
+
 void EquivalenceFullLogger::beginMatchingStrings(std::u16string_view first,
                                                  std::u16string_view second) {
-    currentLog() << indent() << "Matching strings [" << utf16ToUtf8(first) << "] and ["
-                 << utf16ToUtf8(second) << "]";
+    writeStringsHead(currentLog() << indent(), first, second);
     beginNested();
 }
 
 void EquivalenceFullLogger::beginMatchingStrings(boost::basic_string_ref<char16_t> first,
                                                  boost::basic_string_ref<char16_t> second) {
-    beginMatchingStrings(std::u16string_view(first.data(), first.size()),
-                         std::u16string_view(second.data(), second.size()));
+    writeStringsHead(currentLog() << indent(), std::u16string_view(first.data(), first.size()),
+                     std::u16string_view(second.data(), second.size()));
+    beginNested();
 }
 
 void EquivalenceFullLogger::beginMatchingRange() {
