@@ -2,6 +2,7 @@
 
 #include "support/WidenAscii.h"
 
+#include <sstream>
 #include <string>
 
 #if defined(__GLIBCXX__)
@@ -162,10 +163,21 @@ protected:
     std::u16string do_falsename() const override { return u"false"; }
 };
 
+/// The first number that is formatted makes the standard library store a cache in the locale. It
+/// stores the cache under a lock but reads it without one, so two threads that each print their
+/// first number would race. Format one here, while no other thread can see the locale.
+void fillCacheOf(const std::locale& locale) {
+    std::basic_ostringstream<char16_t> stream;
+    stream.imbue(locale);
+    stream << 0;
+}
+
 std::locale makeChar16Locale() {
     const std::locale withClasses(std::locale::classic(), new std::ctype<char16_t>());
     const std::locale withPunctuation(withClasses, new ClassicPunctuation());
-    return std::locale(withPunctuation, new std::num_put<char16_t>());
+    const std::locale complete(withPunctuation, new std::num_put<char16_t>());
+    fillCacheOf(complete);
+    return complete;
 }
 
 } // namespace

@@ -29,7 +29,7 @@ std::string useEverything() {
     return all;
 }
 
-TEST(Literals, EveryThreadCompilesForItself) {
+TEST(LiteralParsingThreads, EveryThreadCompilesItsOwnPatterns) {
     const std::string expected = "002201#0 3#0 3#4 17#4 171500.000000"
                                  "Conversion failed converting '2' Reason: Not Specified";
     std::vector<std::string> results(8);
