@@ -1,9 +1,9 @@
 #include "report/RestrictedUses.h"
 
-#include <zt_orvex/analysis/RestrictedExternals.h>
 #include <zt_orvex/ast/ForEachNodeIn.h>
 #include <zt_orvex/ast/NodeKind.h>
 #include <zt_orvex/ast/TypedViews.h>
+#include <zt_orvex/support/RestrictedExternals.h>
 
 #include <string>
 #include <unordered_set>

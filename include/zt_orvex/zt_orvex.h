@@ -9,7 +9,6 @@
 #include <zt_orvex/analysis/AnalysisSettings.h>
 #include <zt_orvex/analysis/AnsAnalysis.h>
 #include <zt_orvex/analysis/LiveVariables.h>
-#include <zt_orvex/analysis/RestrictedExternals.h>
 #include <zt_orvex/analysis/TransparentLiveVariablesAnalyzerView.h>
 #include <zt_orvex/ast/BasicAstView.h>
 #include <zt_orvex/ast/ControlFlow.h>
@@ -54,5 +53,6 @@
 #include <zt_orvex/support/Fnv1a.h>
 #include <zt_orvex/support/PageSize.h>
 #include <zt_orvex/support/Quote.h>
+#include <zt_orvex/support/RestrictedExternals.h>
 #include <zt_orvex/support/SmallString.h>
 #include <zt_orvex/support/StringPool.h>

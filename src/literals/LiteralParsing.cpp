@@ -1,10 +1,10 @@
 #include <zt_orvex/literals/LiteralParsing.h>
 
 #include "literals/ConvertDigits.h"
+#include "literals/DecimalToDouble.h"
 #include "literals/LiteralGrammar.h"
 #include "literals/LiteralParts.h"
 #include "literals/LiteralPattern.h"
-#include "support/DecimalToDouble.h"
 
 #include <cstddef>
 #include <memory>

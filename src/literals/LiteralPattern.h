@@ -1,6 +1,6 @@
 #pragma once
 
-#include "support/WidePattern.h"
+#include "literals/WidePattern.h"
 
 #include <boost/regex.hpp>
 

@@ -1,4 +1,4 @@
-#include <zt_orvex/analysis/RestrictedExternals.h>
+#include <zt_orvex/support/RestrictedExternals.h>
 
 namespace zt::orvex {
 

@@ -1,4 +1,4 @@
-#include "support/DecimalToDouble.h"
+#include "literals/DecimalToDouble.h"
 
 #include <zt_orvex/literals/NumberConversionError.h>
 

@@ -1,4 +1,4 @@
-#include "support/WidePattern.h"
+#include "literals/WidePattern.h"
 
 #include <algorithm>
 #include <bitset>

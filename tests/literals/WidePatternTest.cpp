@@ -1,4 +1,4 @@
-#include "support/WidePattern.h"
+#include "literals/WidePattern.h"
 
 #include "testing/Random.h"
 #include "testing/Widen.h"

@@ -1,4 +1,4 @@
-#include "support/DecimalToDouble.h"
+#include "literals/DecimalToDouble.h"
 
 #include "literals/BothWidths.h"
 #include "literals/GlobalLocale.h"
