@@ -1,34 +1,35 @@
-// A library with one symbol of every sort that the list of exported symbols keeps or drops.
-#include <stdexcept>
-#include <string>
-#include <vector>
-
+// A library that exports a symbol of every sort: strong, weak and unique.
 #define SAMPLE_EXPORT __attribute__((visibility("default")))
 
-namespace zt::orvex {
+namespace sample {
 
-SAMPLE_EXPORT int strongFunction();
+SAMPLE_EXPORT int exportedFunction();
 int hiddenFunction();
 
-/// Exported as a whole: its inline members are weak and still ours.
-struct SAMPLE_EXPORT Failure : std::runtime_error {
-    using std::runtime_error::runtime_error;
-    ~Failure() override;
+/// Exported with its virtual table and type information.
+struct SAMPLE_EXPORT Base {
+    virtual ~Base();
 };
 
-struct SAMPLE_EXPORT Element {
-    int value = 0;
-    std::string text;
+/// What the standard library's templates look like to the compiler.
+template <class T>
+struct SAMPLE_EXPORT Template {
+    static T value; // g++ makes it unique, clang weak
+    static T get();
 };
 
-Failure::~Failure() = default;
+template <class T>
+T Template<T>::value;
+
+template <class T>
+T Template<T>::get() {
+    return value;
+}
+
+template struct Template<int>;
+
+Base::~Base() = default;
 int hiddenFunction() { return 1; }
-int strongFunction() { return hiddenFunction(); }
+int exportedFunction() { return hiddenFunction(); }
 
-} // namespace zt::orvex
-
-/// Weak instantiations of a standard template with an exported type as its argument: dropped.
-template class std::vector<zt::orvex::Element>;
-
-/// Strong, and outside our namespace: listed, since nobody expects it.
-SAMPLE_EXPORT int strayFunction() { return 2; }
+} // namespace sample

@@ -1,0 +1,56 @@
+// unload LIBRARY: fails unless the library can be loaded, used, unloaded and loaded again.
+//
+// The program isn't linked against the library: that would keep it loaded.
+#include <dlfcn.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <locale>
+#include <string>
+#include <unordered_set>
+
+namespace {
+
+[[noreturn]] void fail(const char* what) {
+    std::fprintf(stderr, "%s\n", what);
+    std::exit(1);
+}
+
+template <class Function>
+Function* find(void* library, const char* mangledName) {
+    void* const function = dlsym(library, mangledName);
+    if (function == nullptr) fail(dlerror());
+    return reinterpret_cast<Function*>(function);
+}
+
+/// Has the library build what it builds on first use, which it must destroy when it is unloaded.
+void use(void* library) {
+    const auto getLocale = find<const std::locale&()>(library, "_ZN2zt5orvex15getChar16LocaleEv");
+    if (!(getLocale() == getLocale())) fail("the locale differs from itself");
+    const auto getNames = find<const std::unordered_set<std::u16string>&()>(
+        library, "_ZN2zt5orvex22getRestrictedExternalsB5cxx11Ev");
+    if (getNames().size() != 18) fail("restricted externals are missing");
+}
+
+bool isLoaded(const char* name) {
+    void* const library = dlopen(name, RTLD_NOW | RTLD_NOLOAD);
+    if (library != nullptr) dlclose(library);
+    return library != nullptr;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 2) fail("usage: unload LIBRARY");
+    const char* const name = argv[1];
+    for (int round = 0; round < 2; ++round) {
+        if (isLoaded(name)) fail("loaded before dlopen");
+        void* const library = dlopen(name, RTLD_NOW);
+        if (library == nullptr) fail(dlerror());
+        if (!isLoaded(name)) fail("not loaded after dlopen");
+        use(library);
+        if (dlclose(library) != 0) fail(dlerror());
+        if (isLoaded(name)) fail("still loaded after dlclose");
+    }
+    return 0;
+}
