@@ -1,12 +1,15 @@
 #!/usr/bin/env bash
-# Writes tests/exports/exported_symbols.txt anew, from the library of the preset release. Read the
-# difference before committing it: a line that goes breaks consumers.
+# Writes the list of exported symbols and the description of the binary interface in tests/exports
+# anew, from the libraries of the preset release. Read the difference before you commit it: a line
+# that went or changed breaks consumers.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 . scripts/lib/build.sh
 
-build_preset release zt_orvex
-tests/exports/list-exported-symbols.sh build/release/lib/libzt_orvex.so \
-    >build/release/exported_symbols.txt
-mv build/release/exported_symbols.txt tests/exports/exported_symbols.txt
-git --no-pager diff --stat -- tests/exports/exported_symbols.txt
+build_preset release zt_orvex zt_orvex_described
+folder=tests/exports
+written=build/release
+$folder/list-exported-symbols.sh $written/lib/libzt_orvex.so >$written/exported_symbols.txt
+$folder/describe-binary-interface.sh $written/$folder/libzt_orvex.so >$written/binary_interface.xml
+mv $written/exported_symbols.txt $written/binary_interface.xml $folder
+git --no-pager diff --stat -- $folder

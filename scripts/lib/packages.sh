@@ -12,7 +12,8 @@ libgmock-dev        the matchers of the tests
 libcli11-dev        the command line of the example
 nlohmann-json3-dev  the JSON output of the example
 pkg-config          the test that finds the installed library with it
-python3             generates two headers from the table of kinds; a test compares them
+abigail-tools       the test that compares the binary interface with its description
+python3             generates two headers from the table of kinds, and prunes that description
 '
 
 # Continuous integration wants these, too.
