@@ -1,5 +1,5 @@
-# One step of the tests of the installed library. The folders lie in WORK_DIR, whose name has a blank
-# in it on purpose once the installation has moved.
+# One step of the tests of the installed library. The folders are in WORK_DIR; the one that the
+# installation is moved to has a blank in its name on purpose.
 cmake_minimum_required(VERSION 3.22)
 set(first_place "${WORK_DIR}/first")
 set(prefix "${WORK_DIR}/moved here")
@@ -15,7 +15,7 @@ function(run)
     endif()
 endfunction()
 
-# Runs a program of the consumer's, which must succeed and say so.
+# Runs a program of the consumer, which must succeed and say so.
 function(run_consumer program)
     execute_process(COMMAND "${program}" OUTPUT_VARIABLE output RESULT_VARIABLE result)
     if(NOT result EQUAL 0 OR NOT output STREQUAL expected_output)
@@ -57,7 +57,7 @@ function(step_files)
         endif()
     endforeach()
 
-    # Nothing in a text file may lead back to where things were built, or installed at first.
+    # No text file may name the place where the library was built or first installed.
     file(GLOB_RECURSE texts "${prefix}/*.cmake" "${prefix}/*.pc")
     foreach(text IN LISTS texts)
         file(READ "${text}" content)
@@ -97,14 +97,17 @@ function(step_pkg_config)
     execute_process(COMMAND "${pkg_config}" --cflags --libs "zt_orvex >= 1.0"
         OUTPUT_VARIABLE flags COMMAND_ERROR_IS_FATAL ANY)
     separate_arguments(flags UNIX_COMMAND "${flags} ${FLAGS}")
+    execute_process(COMMAND "${pkg_config}" --variable=libdir zt_orvex
+        OUTPUT_VARIABLE libdir OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+    separate_arguments(rpath UNIX_COMMAND "-Wl,-rpath,${libdir}")
     set(program "${WORK_DIR}/pkg_config_consumer")
     run("${COMPILER}" -std=c++17 "${consumer_dir}/main.cpp" "-I${base_dir}" -o "${program}"
-        ${flags} "-Wl,-rpath,${prefix}/${LIBDIR}")
+        ${flags} ${rpath})
     run_consumer("${program}")
 endfunction()
 
-# Configuring is enough to see what a consumer would get: the library's target, and none of ours
-# for development. Nothing is built, since that would build the library once more.
+# Configuring shows what a consumer gets: the library's target, and none of those for development.
+# Building would only compile the library a second time.
 function(step_subdirectory)
     configure_consumer("${SOURCE_DIR}/tests/install/subdirectory" "${WORK_DIR}/subdirectory")
     if(NOT configure_result EQUAL 0)

@@ -35,7 +35,9 @@ std::u16string furtherName(int index) {
 class Tree : public LoopTree {
 public:
     boost::optional<NodeView> getColonStep(std::uint64_t) const override { return step; }
-    StatementRangeView getSpmdBody(std::uint64_t node) const override { return getParforBody(node); }
+    StatementRangeView getSpmdBody(std::uint64_t node) const override {
+        return getParforBody(node);
+    }
 
     /// kind k = 1:s:n
     ///     t = a(k)
@@ -101,17 +103,16 @@ void checkAnalyzer() {
     Tree tree;
     const ParforStatementView loop(tree.program(NodeKind::ParforStatement));
     flow::OrderedSet<SymbolView> universe = tree.universe();
-    flow::TransparentLiveVariablesAnalyzerView analyzer(
-        universe, loop.getParforBody(), flow::AnalysisTypeView::May, flow::AnalysisModeView::Plain,
-        nullptr);
+    flow::TransparentLiveVariablesAnalyzerView analyzer(universe, loop.getParforBody(),
+                                                        flow::AnalysisTypeView::May,
+                                                        flow::AnalysisModeView::Plain, nullptr);
     expect("getVariablesLiveAtEntry",
            tree.hasNames(analyzer.getVariablesLiveAtEntry(), {u"a", u"b", u"k", u"s"}));
     flow::TransparentLiveVariablesAnalyzerView sliced(
         universe, loop.getParforBody(), flow::AnalysisTypeView::May, flow::AnalysisModeView::Sliced,
         {tree.symbol(u"k")}, nullptr);
-    expect("getVariablesNotLiveAtEntry",
-           tree.hasNames(sliced.getVariablesNotLiveAtEntry(),
-                         withFurtherNames({u"i", u"n", u"t"})));
+    expect("getVariablesNotLiveAtEntry", tree.hasNames(sliced.getVariablesNotLiveAtEntry(),
+                                                       withFurtherNames({u"i", u"n", u"t"})));
 }
 
 void checkSpmd() {
@@ -165,6 +166,24 @@ void checkStringRefs() {
     expect("beginMatchingStrings", logger.getLog() == "Matching strings [it's] and [it's] - OK\n");
 }
 
+/// The templates of the framework use Boost inside, with the consumer's headers alone.
+void checkFramework() {
+    using Lattice = flow::PowerSetLattice<SymbolView>;
+    Tree tree;
+    tree.program(NodeKind::ParforStatement);
+    const flow::OrderedSet<SymbolView> universe = tree.universe();
+    Lattice lattice(universe);
+    flow::SystemOfEquationsBuilder<Lattice> builder(lattice, nullptr);
+    Lattice::Value someSymbols = lattice.bottom();
+    someSymbols.add(tree.symbol(u"s"));
+    auto* const x = builder.createVariable("x");
+    auto* const y = builder.createVariable("y");
+    builder.addEquation(x, {builder.createConstant(someSymbols)});
+    builder.addEquation(y, {x, builder.createJoin(y)});
+    builder.build()->solve();
+    expect("solve", y->value() == someSymbols);
+}
+
 } // namespace
 
 int main() {
@@ -175,6 +194,7 @@ int main() {
     checkOptionals();
     checkVariants();
     checkStringRefs();
+    checkFramework();
     std::cout << "Boost " << BOOST_LIB_VERSION
               << (failures == 0 ? ": all as expected\n" : ": failed\n");
     return failures == 0 ? 0 : 1;
