@@ -1,9 +1,9 @@
 #pragma once
 
-// All that the library offers. Convenient for a small consumer; a large one compiles faster with
-// the headers that it needs.
+// Everything that the library offers. Convenient for a small consumer; a large one compiles faster
+// if it includes only what it needs.
 
-// First, since it must be seen before streams of 16-bit characters are used.
+// First, since it must be seen before any use of a stream of 16-bit characters.
 #include <zt_orvex/support/Char16Locale.h>
 
 #include <zt_orvex/analysis/AnalysisSettings.h>

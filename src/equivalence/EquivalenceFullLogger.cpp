@@ -11,11 +11,11 @@ namespace zt::orvex::internal {
 namespace {
 
 /// The stream of one level: the actual type of every stream on the stack. Its text is the pieces,
-/// followed by what the stream holds. When a level inside this one fails, what has been written here
-/// so far and the failed level's text become pieces.
+/// followed by what the stream holds. When a level inside this one fails, what has been written
+/// here so far and the failed level's text become pieces.
 ///
-/// Inserting the failed level's text into the stream instead would copy the path to a mismatch again
-/// at each level of the path, which is quadratic in the depth.
+/// Inserting the failed level's text into the stream instead would copy the path to a mismatch at
+/// each level of the path, which is quadratic in the depth.
 struct Level : std::ostringstream {
     void finishPiece() {
         pieces.push_back(str());

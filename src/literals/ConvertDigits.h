@@ -9,14 +9,14 @@
 
 namespace zt::orvex::internal {
 
-/// Throws NumberConversionError for `digits`. Kept out of the loops that need it.
+/// Throws NumberConversionError for `digits`. Not inline, to keep the loops that call it small.
 [[noreturn]] void throwConversionError(std::string_view digits);
 [[noreturn]] void throwConversionError(std::u16string_view digits);
 
-/// The bits that `digits` spell in a `Target`; no digits spell 0.
+/// The bits that `digits` spell in a `Target`; an empty text spells 0.
 ///
-/// Throws NumberConversionError when a bit that is set would be shifted out, and for a character
-/// that is no digit. Leading zeros are free.
+/// Throws NumberConversionError if a set bit would be shifted out, and for a character that isn't a
+/// digit. Leading zeros are accepted.
 template <class Target, class Radix, class CharT>
 Target convertDigits(std::basic_string_view<CharT> digits) {
     using Bits = std::make_unsigned_t<Target>;

@@ -17,7 +17,7 @@ constexpr char16_t LAST_ASCII_UNIT = 0x7F;
     throw NumberConversionError(std::string(text, length));
 }
 
-/// The converter also takes a minus sign, "inf" and "nan"; none of them begins like this.
+/// The converter also accepts a minus sign, "inf" and "nan", none of which begins like this.
 bool beginsLikeNumber(const char* text) { return (*text >= '0' && *text <= '9') || *text == '.'; }
 
 } // namespace
@@ -26,13 +26,14 @@ double decimalToDouble(const char* text, std::size_t length) {
     if (!beginsLikeNumber(text)) fail(text, length);
     double value = 0;
     const auto result = fast_float::from_chars(text, text + length, value);
-    // Versions differ in whether a number out of range is an error; all of them store the value.
+    // Whether a number out of range is an error depends on the version; all versions store the
+    // value.
     if (result.ec == std::errc::invalid_argument || result.ptr != text + length) fail(text, length);
     return value;
 }
 
 double decimalToDouble(char16_t* text, std::size_t length) {
-    // The narrow text never overtakes the wide one, which has two bytes to each of its own.
+    // Writing never overtakes reading: each wide unit has two bytes, each narrow one a single byte.
     char* const narrow = reinterpret_cast<char*>(text);
     unsigned seen = 0;
     for (std::size_t i = 0; i < length; ++i) {

@@ -18,10 +18,10 @@ struct StatedGrammar {
     LiteralPattern suffix{TYPE_SUFFIX_PATTERN, TYPE_SUFFIX_PATTERN};
 };
 
-/// Deliberate: the prefix and suffix of a literal are compiled, as a statement of the grammar, and
-/// never matched. A parse must not reject what it accepts today.
+/// Deliberate: the patterns of the prefix and the suffix are compiled, as a statement of the
+/// grammar, but never matched. Parsing must not reject what it accepts today.
 ///
-/// The two are one object, for a parse of nanoseconds feels each test of a thread's guard.
+/// Both are in one object because each thread-local object costs a parse the test of a guard.
 template <class Radix, class CharT>
 void stateGrammarOfThisThread() {
     [[maybe_unused]] thread_local const StatedGrammar grammar;

@@ -6,11 +6,11 @@
 
 namespace zt::orvex::internal {
 
-/// The parts of an integer literal, as views into the caller's text.
+/// The parts of an integer literal, as views of the caller's text.
 template <class CharT>
 struct LiteralParts {
     std::basic_string_view<CharT> literal;
-    std::basic_string_view<CharT> prefix; ///< The two characters of the radix.
+    std::basic_string_view<CharT> prefix; ///< The first two characters, which name the radix.
     std::basic_string_view<CharT> digits;
     std::basic_string_view<CharT> suffix; ///< The type, or empty.
 };
@@ -20,11 +20,11 @@ constexpr bool isSuffixLetter(CharT c) {
     return c == CharT{'S'} || c == CharT{'s'} || c == CharT{'U'} || c == CharT{'u'};
 }
 
-/// Splits any text; for a literal that matches its pattern the parts are what their names say.
+/// Splits any text. For a literal that matches its pattern the parts are what their names say.
 ///
-/// Deliberate: the length of the text and two characters near its end decide, and the prefix is
-/// not looked at. In a text of 3 or 4 characters the suffix may overlap prefix and digits; the
-/// length of the digits then wraps round, and the smaller of two lengths is taken.
+/// Deliberate: only the length of the text and two characters near its end decide; the prefix isn't
+/// checked. In a text of 3 or 4 characters the suffix may overlap the prefix and the digits; the
+/// length of the digits then wraps around, and the smaller of two lengths is taken.
 template <class CharT>
 constexpr LiteralParts<CharT> splitLiteral(std::basic_string_view<CharT> text) {
     constexpr std::size_t PREFIX = 2;

@@ -6,14 +6,14 @@ namespace zt::orvex::internal {
 
 LiteralPattern::LiteralPattern(std::string_view narrowPattern, std::string_view widePattern)
     : wide(widePattern) {
-    // The grammar must not depend on the global locale of the moment.
+    // The grammar must not depend on the current global locale.
     narrow.imbue(std::locale::classic());
     narrow.assign(narrowPattern.data(), narrowPattern.data() + narrowPattern.size(),
                   boost::regex::perl | boost::regex::nosubs);
 }
 
-// The engine's limit on its own steps grows with the square of the text's length, and these
-// patterns take steps in proportion to it: it doesn't throw for want of them.
+// The engine throws when it exceeds a number of steps that is quadratic in the length of the text.
+// These patterns take linearly many, so it never does.
 bool LiteralPattern::matches(std::string_view text) const {
     return boost::regex_match(text.data(), text.data() + text.size(), narrow);
 }

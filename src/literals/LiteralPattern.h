@@ -8,7 +8,7 @@
 
 namespace zt::orvex::internal {
 
-/// One regular expression for both widths of text. Both halves are always built.
+/// One regular expression for 8-bit and 16-bit text. Both forms are always compiled.
 class LiteralPattern {
 public:
     /// Compiles `narrowPattern`, in Perl syntax, for 8-bit text and `widePattern` for 16-bit text.

@@ -10,7 +10,7 @@ namespace zt::orvex::internal {
 
 namespace {
 
-/// The width that a suffix of a well-formed literal names, in bits; 64 without a suffix.
+/// The width in bits that the suffix of a well-formed literal names; 64 without a suffix.
 template <class CharT>
 std::size_t widthOf(std::basic_string_view<CharT> suffix) {
     if (suffix.size() == 2) return 8;
@@ -19,8 +19,8 @@ std::size_t widthOf(std::basic_string_view<CharT> suffix) {
     return 64;
 }
 
-// The patterns are function-local, so that each function has its own on every thread, built when
-// the thread first calls it; should that fail, the next call tries again.
+// The patterns are local to the functions: each function has one for each thread, compiled by the
+// thread's first call. If that call runs out of memory, the next one tries again.
 
 template <class Radix, class CharT>
 LiteralValidationResult validateInteger(std::basic_string_view<CharT> text) {

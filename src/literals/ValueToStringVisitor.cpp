@@ -16,7 +16,7 @@ template <class Integer>
 std::string toHexLiteral(Integer value, const char* suffix) {
     using Bits = std::make_unsigned_t<Integer>;
     std::ostringstream stream;
-    // A global locale that groups digits would give text that doesn't read back.
+    // Under a global locale that groups digits the text wouldn't read back.
     stream.imbue(std::locale::classic());
     stream << "0x" << std::setfill('0') << std::setw(std::numeric_limits<Bits>::digits / 4)
            << std::uppercase << std::hex
@@ -54,8 +54,8 @@ std::string ValueToStringVisitor::visit(unsigned long long value) const {
     return toHexLiteral(value, "u64");
 }
 
-// Deliberate: the stream's general format never ends a fraction in zero, so dropping such zeros
-// finds none. The step keeps the form of the text stated, whatever the format above it.
+// Deliberate: the stream's general format never ends a fraction in zero, so there is nothing to
+// drop. The step states the form of the text independently of the format that precedes it.
 std::string ValueToStringVisitor::visit(double value) const {
     std::ostringstream stream;
     stream << std::setprecision(15) << value;

@@ -16,7 +16,8 @@ constexpr std::size_t MAX_STATES = 64 / FIELD_BITS;
 constexpr std::size_t MAX_PLACES = 64;
 constexpr std::size_t ASCII_UNITS = 128;
 
-// A place is where a pattern names characters: "a[bc]+" has two, and one more for its end.
+// A place is a position in a pattern that names characters: "a[bc]+" has two, and one more for its
+// end.
 using Places = std::bitset<MAX_PLACES>;
 using AsciiSet = std::bitset<ASCII_UNITS>;
 
@@ -24,9 +25,9 @@ bool isPunctuation(char c) {
     return std::string_view("!\"#$%&'()*+,-./:;<=>?@[\\]^_`{|}~").find(c) != std::string_view::npos;
 }
 
-/// Parses a pattern into places: which characters stand at each, which may come first, and which
-/// may follow each. The automaton falls out of these (a state is the set of places that may come
-/// next).
+/// Parses a pattern into places: which characters each one takes, which may come first, and which
+/// may follow each. The automaton follows from these: a state is the set of places that may come
+/// next.
 class PatternParser {
 public:
     explicit PatternParser(std::string_view patternToParse) : pattern(patternToParse) {}
@@ -101,7 +102,7 @@ private:
         if (!sees('?')) connect(part.last, part.first);
         if (!sees('+')) part.isNullable = true;
         ++offset;
-        if (seesOneOf("?*+")) refuse("a quantifier behind a quantifier");
+        if (seesOneOf("?*+")) refuse("a quantifier after a quantifier");
         return part;
     }
 
@@ -194,8 +195,8 @@ std::size_t indexOf(const PatternParser& parsed, std::vector<Places>& states, co
 
 } // namespace
 
-// State 0 is the empty set of places, which no unit leaves; it stands for "no match any more".
-// State 1 is where a text begins.
+// State 0 is the empty set of places, which no unit leads out of: the text can't match any more.
+// State 1 is the initial state.
 WidePattern::WidePattern(std::string_view pattern) : rows(ASCII_UNITS + 1) {
     PatternParser parsed(pattern);
     parsed.parse();

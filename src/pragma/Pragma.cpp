@@ -14,7 +14,7 @@ namespace {
 using internal::isAsciiAlnum;
 using internal::isAsciiAlpha;
 
-/// The directive's word in the text of a comment, if there is one.
+/// The directive's word in the text of a comment, if it has one.
 boost::optional<std::u16string_view> extractPragmaName(std::u16string_view text) {
     if (text.size() < 2 || text[1] != u'#')
         throw std::invalid_argument("Pragmas must be O_COMMENTS that begin with `%#`.");
@@ -70,7 +70,7 @@ boost::optional<Pragma> parsePragma(ConvertibleBasicStringView<char16_t> text,
     const std::u16string_view whole = text;
     const auto word = extractPragmaName(whole);
     if (!word) return boost::none;
-    // Deliberate: from the beginning, where the word may also stand.
+    // Deliberate: searches from the beginning of the text, where the word may occur, too.
     const std::size_t argumentsOffset = whole.find(*word) + word->size();
     return Pragma(pragmaKindFromString(std::u16string(*word)), text, sourcePosition,
                   static_cast<unsigned>(argumentsOffset));

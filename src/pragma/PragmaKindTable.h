@@ -14,7 +14,7 @@ struct PragmaKindRow {
     std::u16string_view word;
 };
 
-/// Every kind and its word. There before any initialiser of the program runs, and never changed.
+/// Every kind and its word. A constant, and thus available before any initialiser runs.
 inline constexpr std::array<PragmaKindRow, 9> pragmaKindTable = {{
     {PragmaKind::codegen, u"codegen"},
     {PragmaKind::zel, u"zel"},

@@ -6,12 +6,13 @@
 #include <string>
 
 #if defined(__GLIBCXX__)
-// The standard library declares its facets for every type of character and defines them for `char`
-// and `wchar_t` alone. What a derived class can't supply, because the base class itself needs it,
-// is supplied here as explicit specialisations of members.
+// The standard library declares its facets for every type of character but defines them only for
+// `char` and `wchar_t`. What a derived class can't supply, because the base class itself needs it,
+// is supplied here by explicit specialisations of members.
 
-// Weak, so that a file which makes a stream without having seen our header, and so brings an object
-// of its own, still links with these into one program: the linker then keeps one of the two.
+// Weak, because a source file that makes a stream without having seen our header defines objects of
+// its own. Such a file can then be linked with these into one program: the linker keeps one of the
+// two.
 #if defined(__ELF__)
 #define ZT_ORVEX_WEAK __attribute__((weak))
 #else
@@ -138,8 +139,8 @@ const char16_t* Units::do_narrow(const char16_t* first, const char16_t* last, ch
     return last;
 }
 
-// The base class reads its answers from a table that exists for `char` and `wchar_t` alone, so it
-// stays empty here and the derived class answers.
+// The base class reads its answers from a table that exists only for `char` and `wchar_t`. Here the
+// table stays empty, and the derived class answers.
 template <>
 void Punctuation::_M_initialize_numpunct(__c_locale) {}
 

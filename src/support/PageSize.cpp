@@ -25,7 +25,7 @@ const std::size_t savedGranularity = askForAllocationGranularity();
 } // namespace
 
 std::size_t getPageSize() {
-    // Zero as long as this file's initialisers have not run: another one's may call.
+    // Zero until the initialisers of this file have run; those of another file may call earlier.
     static const std::size_t pageSize =
         savedGranularity != 0 ? savedGranularity : askForAllocationGranularity();
     return pageSize;

@@ -8,8 +8,8 @@ namespace zt::orvex {
 
 namespace {
 
-/// Whether a buffer of `length` characters and one more at `text` fits below the top of the address
-/// space. Divides rather than multiplies, for the product can wrap as well.
+/// Whether a buffer of `length` + 1 characters at `text` fits below the top of the address space.
+/// Divides rather than multiplies, because the product could wrap.
 bool fitsInAddressSpace(const char16_t* text, std::size_t length) {
     const auto bytesAbove =
         std::numeric_limits<std::uintptr_t>::max() - reinterpret_cast<std::uintptr_t>(text);
@@ -36,7 +36,7 @@ int bracketStep(char16_t c) {
 
 std::u16string quote(boost::basic_string_ref<char16_t> text, char16_t quoteChar) {
     const auto doubled = static_cast<std::size_t>(std::count(text.begin(), text.end(), quoteChar));
-    // All quote characters are there from the start: the second one of a pair is stepped over.
+    // The text begins as quote characters only; the second one of a pair is stepped over.
     std::u16string quoted(text.size() + doubled + 2, quoteChar);
     std::size_t write = 1;
     for (const char16_t c : text) {
@@ -60,8 +60,8 @@ std::size_t unquote(char16_t* text, std::size_t length, char16_t quoteChar) {
                 inQuote = !inQuote;
                 continue;
             }
-            // Step over the first of the two. With a quote character of 0 the second one may be the
-            // zero that is imagined behind the end: then the one at the end stands for it.
+            // Step over the first of the two. If the quote character is 0, the second one may be an
+            // imaginary zero beyond the end; then the zero at the end stands for both.
             if (read < length) ++read;
         }
         if (!inQuote) depth += bracketStep(text[read]);

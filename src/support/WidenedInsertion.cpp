@@ -12,10 +12,11 @@ namespace zt::orvex::internal {
 
 namespace {
 
-// No number contains it, so it marks the padding in what the narrow twin has formatted.
+// No number contains it, so it marks the padding in the narrow twin's text.
 constexpr char FILL_STAND_IN = '\0';
 
-/// Only asking tells: a stream keeps a fill that was set while it had a locale with the facet.
+/// The stream's fill, or nothing if it has none. The only way to find out is to ask: a stream keeps
+/// a fill that was set while its locale had the facet.
 std::optional<char16_t> knownFill(const std::basic_ostream<char16_t>& stream) {
     try {
         return stream.fill();
@@ -40,7 +41,8 @@ std::u16string padWithBlanks(const std::basic_ostream<char16_t>& stream, std::u1
 
 std::basic_ostream<char16_t>& insertText(std::basic_ostream<char16_t>& stream,
                                          std::u16string_view text) {
-    // A stream in failure inserts nothing and keeps its width; the standard inserter sees to that.
+    // A stream that has failed inserts nothing and keeps its width: the standard inserter does
+    // that.
     if (!stream.good() || !isWiderThan(stream, text.size()) || knownFill(stream)) {
         return stream << text;
     }

@@ -10,28 +10,28 @@ namespace zt::orvex::internal {
 
 // How the library's inserters write to a stream of 16-bit characters.
 //
-// Unaided, such a stream has no facets for its characters: `fill()` throws std::bad_cast, a padded
-// insertion sets `badbit`, and so does every number. These functions give what the standard
-// inserters give on a stream imbued with `getChar16Locale()`, and the same on a bare one.
+// Such a stream has no facets for its characters by default: `fill()` throws std::bad_cast, and
+// padded insertions and numbers set `badbit`. These functions write to such a bare stream what the
+// standard inserters write to one that is imbued with `getChar16Locale()`.
 
 /// Writes `text` as the standard inserter of a string does: width, fill and adjustment apply, and
-/// the width is 0 afterwards. A bare stream pads with blanks, unless it remembers a fill from a
-/// locale that it had before.
+/// the width is 0 afterwards. A bare stream pads with blanks, unless it still has a fill that was
+/// set under another locale.
 std::basic_ostream<char16_t>& insertText(std::basic_ostream<char16_t>& stream,
                                          std::u16string_view text);
 
-/// Whether the stream's locale lets it insert numbers by itself.
+/// Whether the stream's locale has the facets for inserting numbers.
 bool canInsertNumbers(const std::basic_ostream<char16_t>& stream);
 
-/// An empty 8-bit stream that formats as `stream` does: its flags, precision, width and locale. The
-/// fill is a stand-in that `insertFormatted` replaces, since a fill may lie outside ASCII.
+/// An empty 8-bit stream with the flags, precision, width and locale of `stream`. Its fill is a
+/// placeholder that `insertFormatted` replaces, since the fill of `stream` may not be ASCII.
 std::ostringstream makeNarrowTwin(const std::basic_ostream<char16_t>& stream);
 
-/// Writes what a twin of `stream` has formatted, and takes the width as consumed.
+/// Writes what a twin of `stream` has formatted, and resets the width.
 std::basic_ostream<char16_t>& insertFormatted(std::basic_ostream<char16_t>& stream,
                                               const std::ostringstream& twin);
 
-/// Writes a number, or anything that has an inserter for 8-bit streams made of one number, with the
+/// Writes a number, or any type whose inserter for 8-bit streams inserts one number, with the
 /// stream's flags, precision, width and fill.
 ///
 ///   return insertText(insertNumber(stream, imaginary.value), u"i");

@@ -121,7 +121,7 @@ TEST(WidePattern, OtherSyntaxIsRefused) {
     EXPECT_EQ(messageFor("(?:a)"),
               "Pattern '(?:a)' is not supported at offset 1: nothing to repeat");
     EXPECT_EQ(messageFor("a++"),
-              "Pattern 'a++' is not supported at offset 2: a quantifier behind a quantifier");
+              "Pattern 'a++' is not supported at offset 2: a quantifier after a quantifier");
     EXPECT_EQ(messageFor("[^a]"), "Pattern '[^a]' is not supported at offset 1: a negated class");
     EXPECT_EQ(messageFor("[[:digit:]]"),
               "Pattern '[[:digit:]]' is not supported at offset 1: a class in a class");

@@ -10,27 +10,25 @@
 
 namespace zt::orvex::internal {
 
-/// Keeps the report of a matcher, in which a branch that matched is one line and a branch that
-/// failed has all its details. AstEquivalence.h has an example.
+/// Keeps the report of a matcher: a branch that matched is one line, a branch that failed has all
+/// its details. AstEquivalence.h has an example.
 ///
-/// Costs a stream for each level that is open; time and memory are linear in what is written. The
-/// indentation alone makes the report of d nested failures 4 d^2 bytes long: 2,000 of them leave
-/// 16 MB, which took ten milliseconds where it was measured.
+/// Costs a stream for each open level; time and memory are linear in what is written. Mind that the
+/// indentation alone makes the report of d nested failures about 4 d^2 bytes long.
 ///
-/// Strings in UTF-16 are written as UTF-8.
+/// UTF-16 strings are written as UTF-8.
 class ZT_ORVEX_EXPORT EquivalenceFullLogger : public EquivalenceLogger {
 public:
-    /// An empty log, without open levels.
+    /// Makes an empty log with no open level.
     EquivalenceFullLogger();
     ~EquivalenceFullLogger() override;
     EquivalenceFullLogger(const EquivalenceFullLogger&) = delete;
     EquivalenceFullLogger& operator=(const EquivalenceFullLogger&) = delete;
 
-    /// Back to an empty log, open levels and all.
+    /// Empties the log and closes all levels.
     void clear();
 
-    /// Deliberate: nothing. Several matches log one after the other into the same report; `clear`
-    /// empties it.
+    /// Deliberate: does nothing. Successive matches append to the same report; `clear` empties it.
     void startNewMatch() override;
 
     void beginMatching(const std::string& first, const std::string& second) override;
@@ -43,13 +41,13 @@ public:
     void log(const char* message) override;
     void logRangeIndex(unsigned index) override;
 
-    /// Logs "Node kinds do not match", and nothing of the arguments.
+    /// Calls `log` with "Node kinds do not match"; ignores the arguments.
     void logMismatchedNodes(const std::string& first, const std::string& second, NodeKind firstKind,
                             NodeKind secondKind, unsigned firstPosition,
                             unsigned secondPosition) override;
 
-    /// Logs "boost::optionals do not match (one is empty, the other is not)", and nothing of the
-    /// arguments.
+    /// Calls `log` with "boost::optionals do not match (one is empty, the other is not)"; ignores
+    /// the arguments.
     void logMismatchedOptionals(bool isFirstPresent, const std::string& node, NodeKind kind,
                                 unsigned position) override;
 
@@ -58,10 +56,10 @@ public:
                                         const std::string& secondIdentifier,
                                         const std::string& secondIntroductionNode) override;
 
-    /// There must be an open level; without one the logger is of no use afterwards.
+    /// Precondition: a level is open. Otherwise the logger is unusable afterwards.
     void doneMatching(bool matched) override;
 
-    /// Only the innermost level's text so far, while a level is open.
+    /// The whole report, or only the text of the innermost level so far if one is open.
     std::string getLog() const override;
 
 private:
@@ -71,7 +69,7 @@ private:
     std::string indent() const;
 
     std::uint32_t nestingDepth = 0;
-    std::vector<std::unique_ptr<std::ostringstream>> logStack; // nestingDepth + 1 of them
+    std::vector<std::unique_ptr<std::ostringstream>> logStack; // nestingDepth + 1 streams
 };
 
 } // namespace zt::orvex::internal

@@ -10,12 +10,12 @@
 
 namespace zt::orvex {
 
-/// Through this a matcher of two trees reports its steps. AstEquivalence.h tells what a report
-/// looks like.
+/// The interface through which a matcher of two trees reports its steps. AstEquivalence.h describes
+/// the report.
 ///
 /// Each `beginMatching...` is paired with one `doneMatching`, and levels nest as the walk does;
 /// `log...` may be called at any level. Nothing is checked. A logger belongs to one thread at a
-/// time. Text arguments are read during the call only.
+/// time. Text arguments are read only during the call.
 ///
 ///   logger.beginMatching("A", "B");
 ///   if (!sameKind)
@@ -26,13 +26,13 @@ public:
     EquivalenceLogger();
     virtual ~EquivalenceLogger();
 
-    /// A new pair of trees begins. What an earlier match has left in the report stays there.
+    /// Announces a new pair of trees. The report of earlier matches stays.
     virtual void startNewMatch() = 0;
 
     virtual void beginMatching(const std::string& first, const std::string& second) = 0;
 
-    /// Pass two views of the same type. A bare u"..." converts to either, so that two of them don't
-    /// compile: write `std::u16string_view(u"a")`.
+    /// Pass two views of the same type. A bare u"..." converts to either type, so a call with two
+    /// of them is ambiguous: write `std::u16string_view(u"a")`.
     virtual void beginMatchingStrings(std::u16string_view first, std::u16string_view second) = 0;
     virtual void beginMatchingStrings(boost::basic_string_ref<char16_t> first,
                                       boost::basic_string_ref<char16_t> second) = 0;
@@ -44,13 +44,13 @@ public:
     virtual void log(const char* message) = 0;
     virtual void logRangeIndex(unsigned index) = 0;
 
-    /// The two nodes by name, kind and position.
+    /// Reports two nodes, by name, kind and position.
     virtual void logMismatchedNodes(const std::string& first, const std::string& second,
                                     NodeKind firstKind, NodeKind secondKind, unsigned firstPosition,
                                     unsigned secondPosition) = 0;
 
-    /// Whether it is the first that is there, and the node that is there by name, kind and
-    /// position.
+    /// Reports that only one of two optional nodes is present: whether it is the first, and its
+    /// name, kind and position.
     virtual void logMismatchedOptionals(bool isFirstPresent, const std::string& node, NodeKind kind,
                                         unsigned position) = 0;
 
@@ -59,10 +59,10 @@ public:
                                                 const std::string& secondIdentifier,
                                                 const std::string& secondIntroductionNode) = 0;
 
-    /// Ends the level that was opened last.
+    /// Ends the innermost level.
     virtual void doneMatching(bool matched) = 0;
 
-    /// The text of the level that is open, or of the whole report when none is.
+    /// The text of the innermost open level, or the whole report if no level is open.
     virtual std::string getLog() const = 0;
 };
 

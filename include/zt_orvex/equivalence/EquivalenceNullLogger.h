@@ -4,7 +4,7 @@
 
 namespace zt::orvex::internal {
 
-/// A logger for matchers whose report nobody reads: it does nothing and looks at no argument.
+/// A logger for matchers whose report nobody reads: it does nothing and reads no argument.
 class ZT_ORVEX_EXPORT EquivalenceNullLogger : public EquivalenceLogger {
 public:
     EquivalenceNullLogger();
@@ -32,7 +32,7 @@ public:
     void doneMatching(bool matched) override;
 
     /// "No AST matcher log available.  See the documentation in AstEquivalence for more
-    /// information.", with two blanks behind the first sentence.
+    /// information.", with two blanks after the first sentence.
     std::string getLog() const override;
 };
 

@@ -7,8 +7,8 @@
 
 namespace zt::orvex {
 
-/// The value of an imaginary literal, such as 2.5i: its imaginary part alone, for the real part is
-/// zero by definition.
+/// The value of an imaginary literal such as 2.5i. Holds the imaginary part; the real part is zero
+/// by definition.
 ///
 ///   const Imaginary value(2.5);
 ///   std::complex<double> z = value;  // (0, 2.5)
@@ -17,7 +17,7 @@ class ZT_ORVEX_EXPORT Imaginary {
 public:
     Imaginary(double imaginaryPart) noexcept;
 
-    /// As `double` compares: a NaN is unequal to everything, and 0.0 equals -0.0.
+    /// Compares as `double` does: a NaN is unequal to everything, and 0.0 equals -0.0.
     bool operator==(Imaginary other) const noexcept;
     bool operator!=(Imaginary other) const noexcept;
 
@@ -28,8 +28,8 @@ private:
     double value;
 };
 
-/// Writes the value with the stream's own flags, precision, width and fill, and then an "i" behind
-/// the padded number. A 16-bit stream needs no locale for 16-bit characters.
+/// Writes the value with the stream's flags, precision, width and fill, followed by an "i": the
+/// padding belongs to the number. A 16-bit stream needs no locale for 16-bit characters.
 ZT_ORVEX_EXPORT std::ostream& operator<<(std::ostream& stream, Imaginary value);
 ZT_ORVEX_EXPORT std::basic_ostream<char16_t>& operator<<(std::basic_ostream<char16_t>& stream,
                                                          Imaginary value);

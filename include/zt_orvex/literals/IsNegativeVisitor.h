@@ -5,7 +5,7 @@
 
 namespace zt::orvex::internal {
 
-/// Whether the value of a literal is below 0. Minus 0 and a NaN aren't.
+/// Whether the value of a literal is below 0. Minus 0 isn't, nor is a NaN.
 class ZT_ORVEX_EXPORT IsNegativeVisitor {
 public:
     bool visit(signed char value) const noexcept;

@@ -18,7 +18,7 @@ public:
     bool visit(unsigned long long value) const noexcept;
     bool visit(double value) const noexcept;
 
-    /// Deliberate: false, whatever the value. An imaginary literal never counts as one.
+    /// Deliberate: always false. An imaginary literal never counts as one.
     bool visit(Imaginary value) const noexcept;
 };
 

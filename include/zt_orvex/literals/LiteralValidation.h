@@ -8,7 +8,7 @@ namespace zt::orvex::internal {
 
 enum class LiteralValidationResult {
     Valid,
-    Malformed,    ///< The text as a whole is no literal of this kind.
+    Malformed,    ///< The whole text isn't a literal of this kind.
     TooManyDigits ///< A literal with more digits than the width of its suffix allows.
 };
 
@@ -16,21 +16,20 @@ enum class LiteralValidationResult {
 //
 //   binary        0b1011u8    0[bB][01]+([uUsS](8|16|32|64))?
 //   hexadecimal   0xFFs16     0[xX][0-9A-Fa-f]+([uUsS](8|16|32|64))?
-//   double        1.5d+3      digits with an optional point, or a point and digits; then, if you
-//                             like, one of d D e E, an optional sign and digits
+//   double        1.5d+3      digits with an optional point, or a point and digits; then
+//                             optionally one of d D e E, an optional sign and digits
 //
-// The whole text must match; there are no leading signs and no blanks. An integer may have as many
+// The whole text must match; leading signs and blanks aren't allowed. An integer may have as many
 // digits as fit the width of its suffix (8, 16, 32 or 64 bits; 64 without a suffix), signed or not:
-// 0xFFs8 is valid. Digits are counted and not weighed, so leading zeros count, too. A double of any
-// size is valid.
+// 0xFFs8 is valid. Digits are counted, so leading zeros count, too. A double of any magnitude is
+// valid.
 //
-// No text makes these functions throw: not a bad one, nor one with zeros inside, nor a long one
-// (tried with 200 million characters). They take time in proportion to the text and give the same
-// answer for 8-bit and 16-bit text. 16-bit text is the fast one, at nanoseconds for a literal; an
-// 8-bit text runs through a general regular expression and takes hundreds.
+// No text makes these functions throw, however long. They take time linear in the text, and give
+// the same answer for 8-bit and 16-bit text; 16-bit text is faster, since 8-bit text runs through a
+// general regular expression.
 //
-// Any thread may call them. The first call of each function on a thread compiles its expression
-// (some microseconds); only this can throw, for want of memory, and the next call tries again.
+// Any thread may call them. The first call of each function on a thread compiles its expression.
+// That alone can throw, std::bad_alloc, and the next call then tries again.
 //
 //   if (validateHexLiteral(text) == LiteralValidationResult::Valid)
 //       value = parseHexLiteral(text);

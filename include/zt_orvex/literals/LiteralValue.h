@@ -6,11 +6,11 @@
 
 namespace zt::orvex {
 
-/// What a numeric literal can hold: the integers in the order of `internal::IntegerLiteralValue`,
+/// The value of any numeric literal: the integers in the order of `internal::IntegerLiteralValue`,
 /// then `double` and `Imaginary`.
 ///
-/// Nothing in this library takes or gives one; it is what the visitors have an overload for each
-/// alternative of.
+/// No function of the library takes or returns one, but each visitor has an overload for every
+/// alternative.
 ///
 ///   internal::ValueToStringVisitor toString;
 ///   boost::apply_visitor([&](auto value) { return toString.visit(value); }, literalValue);

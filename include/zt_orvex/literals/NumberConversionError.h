@@ -7,10 +7,10 @@
 
 namespace zt::orvex::internal {
 
-/// Text that could not be converted to a number.
+/// Thrown for text that can't be converted to a number.
 ///
-/// Owns its texts. `what()` is "Conversion failed converting '<text>' Reason: <reason>", and both
-/// it and the views of the texts live as long as the exception.
+/// Owns its texts; what its functions return lives as long as the exception. `what()` is
+/// "Conversion failed converting '<text>' Reason: <reason>".
 ///
 ///   try {
 ///       parseBinaryLiteral("0b102");
@@ -27,8 +27,8 @@ public:
 
     const char* what() const noexcept override;
 
-    /// The text that was being converted: for an integer its digits alone, without prefix and
-    /// suffix. 16-bit text is narrowed to the low byte of each unit.
+    /// The text that was being converted; for an integer, the digits without prefix and suffix.
+    /// 16-bit text is narrowed to the low byte of each unit.
     const std::string& getText() const noexcept;
     const std::string& getReason() const noexcept;
     const std::string& getMessage() const noexcept;

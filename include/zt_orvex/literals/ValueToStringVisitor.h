@@ -7,16 +7,16 @@
 
 namespace zt::orvex::internal {
 
-/// The text of a literal's value.
+/// Writes the value of a literal as text.
 ///
-/// An integer is a hexadecimal literal of its type's full width, sign and all in the bits, which
-/// parseHexLiteral reads back as the same type and bits: -1 as `signed char` is 0xFFs8 and 26 as
-/// `unsigned int` is 0x0000001Au32. It looks so under every global locale.
+/// An integer becomes a hexadecimal literal of its type's full width, which `parseHexLiteral` reads
+/// back as the same type and bits: -1 as `signed char` is 0xFFs8, and 26 as `unsigned int` is
+/// 0x0000001Au32. The global locale makes no difference.
 ///
-/// A double has up to 15 significant digits and no more form than it needs: 1, 0.1, 1e+20,
-/// 0.333333333333333, nan. Two doubles can print alike. An `Imaginary` is the same with an "i"
-/// behind it: 2.5i. Doubles don't promise to read back, and they print under the global locale of
-/// the moment: where its decimal mark is a comma, 2.5 is 2,5.
+/// A double has up to 15 significant digits, and a point or an exponent only if it needs one: 1,
+/// 0.1, 1e+20, 0.333333333333333, nan. Different doubles can print alike, and need not read back.
+/// They print under the current global locale: where its decimal mark is a comma, 2.5 is 2,5. An
+/// `Imaginary` is its double followed by an "i": 2.5i.
 class ZT_ORVEX_EXPORT ValueToStringVisitor {
 public:
     std::string visit(signed char value) const;

@@ -15,8 +15,8 @@ namespace zt::orvex {
 
 /// A pragma comment: `%#`, a directive's word, and free text.
 ///
-/// Owns a copy of the whole text. The views that it gives point into that copy and live as long as
-/// the object. A plain value that any thread may read.
+/// Owns a copy of the whole text; the views that it returns point into that copy and live as long
+/// as the object. A plain value: any thread may read it.
 ///
 ///   boost::optional<Pragma> pragma = parsePragma(u"%#function a, b", position);
 ///   pragma->getKind();                  // PragmaKind::function
@@ -26,12 +26,12 @@ namespace zt::orvex {
 ///   pragma->getTrimmedArgumentsText();  // "a, b"
 class ZT_ORVEX_EXPORT Pragma {
 public:
-    /// Stores the four as given, with no check. `parsePragma` makes sense of a comment; offsets
-    /// count 16-bit units.
+    /// Stores its arguments unchecked; `parsePragma` derives them from a comment. Offsets count
+    /// 16-bit units.
     Pragma(PragmaKind pragmaKind, ConvertibleBasicStringView<char16_t> text,
            unsigned positionOfText, unsigned offsetOfArguments);
 
-    /// Deliberate: moving copies, too, so that the source stays intact and so do the views of it.
+    /// Deliberate: moving copies, too, so the source and the views of it stay intact.
     Pragma(const Pragma& other);
     Pragma(Pragma&& other);
     Pragma& operator=(const Pragma&) = delete;
@@ -40,30 +40,30 @@ public:
 
     PragmaKind getKind() const noexcept;
 
-    /// Whatever the maker passed.
+    /// The position that was passed to the constructor.
     unsigned getSourcePosition() const noexcept;
 
     /// The whole text, `%#` included.
     ConvertibleBasicStringView<char16_t> getSourceText() const noexcept;
 
-    /// The directive's word as written, found anew on each call. Empty for a text without a word,
-    /// which no pragma from `parsePragma` has.
+    /// The directive's word as written; each call searches the text for it. Empty for a text
+    /// without a word, which no pragma from `parsePragma` has.
     ///
-    /// Throws std::invalid_argument as `parsePragma` does for a text that is no pragma comment.
+    /// Throws std::invalid_argument, as `parsePragma` does, if the text isn't a pragma comment.
     ConvertibleBasicStringView<char16_t> getPragmaName() const;
 
     /// The text up to the end of the word.
     std::basic_string_view<char16_t> getPragmaText() const noexcept;
 
-    /// The text behind the word, with whatever separates them.
+    /// The text after the word, separators included.
     ///
-    /// Throws std::out_of_range if the object was made with an offset behind the end of its text.
+    /// Throws std::out_of_range if the object was made with an offset beyond the end of its text.
     ConvertibleBasicStringView<char16_t> getArgumentsText() const;
 
-    /// The text behind the word without the blanks, tabs and commas in front of it; those behind it
-    /// go only as far as described next. Throws as `getArgumentsText` does.
+    /// The text after the word without the blanks, tabs and commas at its beginning, and without
+    /// some of those at its end. Throws as `getArgumentsText` does.
     ///
-    /// Deliberate: as many characters as were dropped in front stay behind, if there are that many.
+    /// Deliberate: of the characters at the end, as many stay as were dropped at the beginning.
     /// "foo, " gives "foo", but " a  " gives "a ".
     ConvertibleBasicStringView<char16_t> getTrimmedArgumentsText() const;
 
@@ -74,25 +74,26 @@ private:
     std::uint32_t argumentsOffset;
 };
 
-/// Makes a pragma of a comment's text: `%#`, tabs and blanks if any, and a word that begins with an
-/// ASCII letter and goes on with ASCII letters, digits and `_`.
+/// Makes a pragma of a comment's text: `%#`, optional tabs and blanks, and a word that begins with
+/// an ASCII letter and continues with ASCII letters, digits and `_`.
 ///
-/// Empty if there is no such word. A word that is no directive gives a pragma of the kind
-/// `UNRECOGNIZED`. Copies the text and stores `sourcePosition`, which it doesn't interpret.
+/// Returns an empty optional if there is no such word. A word that isn't a directive gives a pragma
+/// of the kind `UNRECOGNIZED`. Copies the text, and stores `sourcePosition` without interpreting
+/// it.
 ///
 /// Throws std::invalid_argument("Pragmas must be O_COMMENTS that begin with `%#`.") if the text is
 /// shorter than two characters or the second isn't `#`.
 ///
-/// Deliberate: the first character is not looked at, and the end of the word is found by a search
-/// for the word from the beginning of the text. In `a#a b` that finds the a in front, so that the
-/// arguments begin at 1. A text that begins with `%` is safe from it.
+/// Deliberate: the first character isn't checked, and the end of the word is found by searching for
+/// the word from the beginning of the text. In `a#a b` the search finds the first a, so the
+/// arguments begin at 1. It can't happen in a text that begins with `%`.
 ZT_ORVEX_EXPORT boost::optional<Pragma> parsePragma(ConvertibleBasicStringView<char16_t> text,
                                                     unsigned sourcePosition);
 
 /// Writes "Pragma<Pos = 7, Kind = %#function, Text = %#function a>", with the text in UTF-8 and
 /// the position under the stream's settings. The kind's word is that of `pragmaKindToString`.
 ///
-/// Throws std::out_of_range("invalid map<K, T> key"), before it writes, for a kind without a word.
+/// Throws std::out_of_range("invalid map<K, T> key") for a kind without a word, before writing.
 ZT_ORVEX_EXPORT std::ostream& operator<<(std::ostream& stream, const Pragma& pragma);
 
 } // namespace zt::orvex

@@ -9,7 +9,7 @@ namespace zt::orvex {
 
 /// What a pragma directs. One byte.
 ///
-/// Deliberate: 2 and 3 are skipped. Nothing yields them, and they have no word.
+/// Deliberate: 2 and 3 are skipped. Nothing produces them, and they have no word.
 enum class PragmaKind : std::uint8_t {
     codegen = 0,
     zel = 1,
@@ -19,17 +19,17 @@ enum class PragmaKind : std::uint8_t {
     obfuscate = 7,
     ok = 8,
     TestStandard = 9,
-    UNRECOGNIZED = 10 ///< Any word that is none of the others.
+    UNRECOGNIZED = 10 ///< Any other word.
 };
 
-/// The kind of a directive's word, upper and lower case as written: `codegen`, `zel`, `function`,
+/// The kind of a directive's word; case matters. The words are `codegen`, `zel`, `function`,
 /// `internal`, `vun`, `obfuscate`, `ok`, `UNRECOGNIZED`, and every word that begins with
-/// `TestStandard`. `UNRECOGNIZED` for all other words.
+/// `TestStandard`. Any other word gives `UNRECOGNIZED`.
 ZT_ORVEX_EXPORT PragmaKind pragmaKindFromString(std::u16string word);
 
-/// The word of a kind, which need not be the one that was written: see `Pragma::getPragmaName`.
+/// The word of a kind, which may differ from the word in the source: see `Pragma::getPragmaName`.
 ///
-/// Throws std::out_of_range("invalid map<K, T> key") for a value without a word: 2, 3, and all
+/// Throws std::out_of_range("invalid map<K, T> key") for a value without a word: 2, 3, and any
 /// above 10.
 ZT_ORVEX_EXPORT std::u16string pragmaKindToString(const PragmaKind& kind);
 

@@ -7,12 +7,12 @@
 
 namespace zt::orvex {
 
-/// Four counters for an allocator of yours to fill in: what it was asked for, and what it asked the
-/// system for.
+/// Four counters for your allocator to fill in: what it was asked for, and what it asked the system
+/// for.
 ///
 /// The library itself records nothing. The two pairs are independent of each other, and counters
-/// wrap at 64 bits without notice. Not synchronised: a record belongs to one thread at a time, or
-/// to an allocator that guards it.
+/// wrap at 64 bits silently. Not synchronised: a record belongs to one thread at a time, or to an
+/// allocator that guards it.
 ///
 ///   AllocatorStatistics statistics;
 ///   statistics.recordAllocationRequest(24);
@@ -24,16 +24,16 @@ public:
     AllocatorStatistics();
     AllocatorStatistics(const AllocatorStatistics& other);
     AllocatorStatistics& operator=(const AllocatorStatistics& other);
-    /// Copies: `other` keeps its values.
+    /// Copies; `other` keeps its values.
     AllocatorStatistics& operator=(AllocatorStatistics&& other) noexcept;
 
     bool operator==(const AllocatorStatistics& other) const;
     bool operator!=(const AllocatorStatistics& other) const;
 
-    /// Each counter the sum of the two.
+    /// Adds counter by counter.
     AllocatorStatistics operator+(const AllocatorStatistics& other) const;
 
-    /// Counts one request, also one of no bytes.
+    /// Counts one request, even one for no bytes.
     void recordAllocationRequest(std::size_t bytes);
     void recordSystemMemoryAllocation(std::size_t bytes);
 

@@ -5,8 +5,8 @@
 #include <locale>
 
 #if defined(__GLIBCXX__)
-// One object for each facet, in the library. Without these declarations every module would make
-// its own, and a locale built by one module could lack the facet in the eyes of another.
+// The library holds the identity of each facet. Without these declarations every module would have
+// identities of its own, and one module wouldn't find the facets in a locale made by another.
 template <>
 ZT_ORVEX_EXPORT std::locale::id std::ctype<char16_t>::id;
 template <>
@@ -17,24 +17,24 @@ ZT_ORVEX_EXPORT std::locale::id std::num_put<char16_t>::id;
 
 namespace zt::orvex {
 
-/// The classic locale with what streams of 16-bit characters lack: `std::ctype`, `std::numpunct`
-/// and `std::num_put` for `char16_t`.
+/// The classic locale with the facets that streams of 16-bit characters need: `std::ctype`,
+/// `std::numpunct` and `std::num_put` for `char16_t`.
 ///
-/// The standard library has none of them. Without them the library's own inserters work, but on
-/// such a stream `std::endl`, `std::setfill` and a lone `char` throw std::bad_cast, and padding and
-/// numbers set `badbit`. Imbue the stream to have them:
+/// The standard library provides none of them. The library's own inserters work without, but on
+/// such a stream `std::endl`, `std::setfill` and a single `char` throw std::bad_cast, and padding
+/// and numbers set `badbit`. Imbue the stream with this locale:
 ///
 ///   std::basic_ostringstream<char16_t> out;
 ///   out.imbue(zt::orvex::getChar16Locale());
 ///   out << std::setfill(u'*') << std::setw(4) << 42 << std::endl;
 ///
-/// Only ASCII is classified, changes case and has a narrow form; a byte above 0x7F widens to
-/// U+FFFD. Numbers look as in the classic locale; a locale derived from this one can carry another
-/// `std::numpunct<char16_t>`.
+/// Only ASCII characters are classified, change case and have a narrow form; a byte above 0x7F
+/// widens to U+FFFD. Numbers look as in the classic locale; a locale derived from this one can have
+/// another `std::numpunct<char16_t>`.
 ///
-/// The same object at every call, from any thread. The library never sets the global locale. A
-/// stream that is imbued must not outlive the library, should that be unloaded. Include this header
-/// before the first use of a stream of 16-bit characters.
+/// Returns the same object on every call, from any thread, and using that object never changes it.
+/// The library never sets the global locale. An imbued stream must not outlive the library if that
+/// is unloaded. Include this header before the first use of a stream of 16-bit characters.
 ZT_ORVEX_EXPORT const std::locale& getChar16Locale();
 
 } // namespace zt::orvex

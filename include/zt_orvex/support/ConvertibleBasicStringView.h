@@ -7,12 +7,12 @@
 #include <string_view>
 #include <type_traits>
 
-/// A view of characters that it doesn't own: a pointer and a length.
+/// A non-owning view of characters: a pointer and a length.
 ///
-/// The text must outlive the view. Any of the usual kinds of text converts to it, so that a caller
-/// passes what it has; it converts to `std::basic_string_view` alone, for a second target would
-/// make calls of overloaded functions ambiguous. A literal, like every pointer, is taken up to its
-/// first zero; pass a pointer and a length for a text with a zero inside.
+/// The text must outlive the view. Every common type of text converts to it, so callers pass what
+/// they have; it converts only to `std::basic_string_view`, since a second target would make calls
+/// of overloaded functions ambiguous. A literal, like any pointer, ends at its first zero; pass a
+/// pointer and a length for a text with a zero inside.
 ///
 ///   void print(ConvertibleBasicStringView<char16_t> text);
 ///   print(u"x");  print(std::u16string(u"x"));  print(std::u16string_view(u"x"));
@@ -39,7 +39,7 @@ public:
     constexpr ConvertibleBasicStringView(const CharT* text, std::size_t count) noexcept
         : start(text), length(count) {}
 
-    /// A literal, or any text that a zero ends. `text` must not be null.
+    /// A literal, or any zero-terminated text. `text` must not be null.
     constexpr ConvertibleBasicStringView(const CharT* text)
         : start(text), length(std::char_traits<CharT>::length(text)) {}
 
@@ -66,7 +66,7 @@ public:
     /// `index` must be below `size()`.
     constexpr const CharT& operator[](std::size_t index) const { return start[index]; }
 
-    /// Views are equal when their characters are; either side may be any text that converts.
+    /// Compares the characters; either side may be any text that converts.
     friend constexpr bool operator==(ConvertibleBasicStringView a, ConvertibleBasicStringView b) {
         return std::basic_string_view<CharT>(a) == std::basic_string_view<CharT>(b);
     }
@@ -74,7 +74,7 @@ public:
         return !(a == b);
     }
 
-    // Exact in both arguments, so that the comparisons of std::basic_string_view don't compete.
+    // Exact in both arguments, so the comparisons of std::basic_string_view don't compete.
     template <class T, class = EnableIfOtherText<T>>
     friend constexpr bool operator==(ConvertibleBasicStringView a, const T& b) {
         return a == ConvertibleBasicStringView(b);

@@ -1,7 +1,7 @@
 #pragma once
 
-/// Marks what the library exports. Everything else is hidden: what is not marked can change, or
-/// go, without notice.
+/// Marks what the library exports. Everything else is hidden, and can change or disappear without
+/// notice.
 #if defined(_WIN32)
 #if defined(ZT_ORVEX_BUILDING)
 #define ZT_ORVEX_EXPORT __declspec(dllexport)

@@ -6,12 +6,13 @@
 
 namespace zt::orvex::internal {
 
-/// The unit, in bytes, in which the system hands out address space: a power of two.
+/// The unit, in bytes, in which the system hands out address space; a power of two.
 ///
-/// Deliberate: where that unit is larger than the processor's page, as on Windows, it is the unit
-/// that counts, for an allocator that asks for less wastes the rest.
+/// Deliberate: where that unit is larger than the processor's page, as on Windows, this is the
+/// larger one. An allocator that asks for less wastes the rest.
 ///
-/// The same value at every call, from any thread; the system is asked while the library loads.
+/// Returns the same value on every call, from any thread; the system is asked when the library
+/// loads.
 ZT_ORVEX_EXPORT std::size_t getPageSize();
 
 } // namespace zt::orvex::internal

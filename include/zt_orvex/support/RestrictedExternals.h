@@ -7,10 +7,11 @@
 
 namespace zt::orvex {
 
-/// The names of the external functions that are restricted, such as `eval` and `load`: 18 of them.
+/// The names of the 18 external functions that are restricted, such as `eval` and `load`.
 ///
-/// The library only holds the table, and none of its analyses asks it. Look-ups are exact: `Eval`
-/// is no member. The same object at every call, built at the first one; any thread may read it.
+/// The library only holds the table; none of its analyses consults it. Lookups are exact: `Eval`
+/// isn't a member. Returns the same object on every call, built by the first; any thread may read
+/// it.
 ///
 ///   if (getRestrictedExternals().count(u"eval") != 0) refuse();
 ZT_ORVEX_EXPORT const std::unordered_set<std::u16string>& getRestrictedExternals();

@@ -9,17 +9,16 @@
 
 namespace zt::orvex::internal {
 
-/// The bytes of a `SmallString` as two numbers: the first eight and the last eight, of each the
-/// first one lowest.
+/// The bytes of a `SmallString` as two little-endian numbers: the first eight and the last eight.
 struct SmallStringWords {
     std::uint64_t low;
     std::uint64_t high;
 };
 
-/// Up to 16 bytes of text, held inline and compared and hashed as two machine words.
+/// Up to 16 bytes of text, stored inline and compared and hashed as two machine words.
 ///
-/// The text is padded on the right with zero bytes, and that is all: there is no length, so a text
-/// equals the same text with zero bytes behind it. Nothing is allocated but by `str`.
+/// The text is padded on the right with zero bytes. No length is stored, so a text equals the same
+/// text followed by zero bytes. Only `str` allocates.
 ///
 ///   const SmallString name("idx");
 ///   name == SmallString("idx");  // true
@@ -29,7 +28,7 @@ public:
     /// The longest text that fits, in bytes.
     static constexpr std::size_t MAX_LENGTH = 16;
 
-    /// `text` must not be longer than `MAX_LENGTH`: nothing checks it.
+    /// `text` must not be longer than `MAX_LENGTH`; that isn't checked.
     SmallString(ConvertibleBasicStringView<char> text);
     SmallString(const SmallString& other);
     SmallString(SmallString&& other) noexcept;
@@ -42,12 +41,12 @@ public:
     /// The high word times 29, plus the low word.
     std::size_t hashCode() const;
 
-    /// The bytes up to the first zero byte: a zero inside the text cuts it short.
+    /// The bytes before the first zero byte: a zero inside the text cuts it short.
     std::string str() const;
 
 private:
-    // What a look-up in the pool goes through stands here: the compiler can't see into the exported
-    // functions, and calling them costs as much as the look-up.
+    // Inline, for lookups in the pool: calling the exported functions would cost as much as the
+    // lookup itself.
     friend class StringPool;
     explicit SmallString(SmallStringWords text) noexcept : words(text) {}
     bool hasWordsOf(const SmallString& other) const noexcept {

@@ -12,14 +12,14 @@
 
 namespace zt::orvex::internal {
 
-/// Remembers the UTF-16 form of short 8-bit texts, so that a caller need not make it again.
+/// Maps short 8-bit texts to their UTF-16 form, so that a caller needn't convert them again.
 ///
-/// The pool copies the keys and stores views of the UTF-16 texts: those stay the caller's and must
-/// outlive the pool's use of them. A key longer than `SmallString::MAX_LENGTH` bytes is none of its
-/// affairs, and keys that differ only in zero bytes at their end are one key.
+/// The pool copies the keys and stores views of the UTF-16 texts: those remain the caller's and
+/// must outlive the pool's use of them. Keys longer than `SmallString::MAX_LENGTH` bytes are
+/// ignored, and keys that differ only in zero bytes at their end are the same key.
 ///
-/// A look-up allocates nothing and costs one probe of a hash table. It counts itself, though it is
-/// `const`: a pool belongs to one thread at a time, even for look-ups.
+/// A lookup allocates nothing and costs one probe of a hash table. It updates counters although it
+/// is `const`, so a pool belongs to one thread at a time, even for lookups.
 ///
 ///   StringPool pool;
 ///   pool.poolIfShort("idx", u"idx");
@@ -33,16 +33,16 @@ public:
     StringPool(const StringPool&) = delete;
     StringPool& operator=(const StringPool&) = delete;
 
-    /// Stores `value` under `key`, in place of an earlier value. Does nothing for a longer key.
+    /// Stores `value` under `key`, replacing an earlier value. Ignores a key that is too long.
     void poolIfShort(ConvertibleBasicStringView<char> key,
                      ConvertibleBasicStringView<char16_t> value);
 
-    /// The value last stored under `key`; empty if there is none.
+    /// The value last stored under `key`, or an empty optional.
     boost::optional<ConvertibleBasicStringView<char16_t>>
     lookup(ConvertibleBasicStringView<char> key) const;
 
 private:
-    friend class StringPoolProbe; // lets the tests read what nothing here reads
+    friend class StringPoolProbe; // lets the tests read the counters
 
     /// `SmallString::hashCode`.
     struct KeyHash {
@@ -59,8 +59,8 @@ private:
         table;
     mutable std::uint64_t numberOfLookups = 0; ///< With a short key, found or not.
     mutable std::uint64_t numberOfHits = 0;
-    std::uint64_t bytesPooled = 0; ///< 16 for each short key given, new or not.
-    /// What fresh copies with a zero at their end would have taken.
+    std::uint64_t bytesPooled = 0; ///< 16 for each short key, new or not.
+    /// What zero-terminated copies would have taken.
     mutable std::uint64_t bytesSaved = 0;
 };
 
