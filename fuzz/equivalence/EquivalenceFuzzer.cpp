@@ -1,5 +1,5 @@
-// Input: a byte for each call of a logger. The report is compared with one kept as a single text,
-// in which a level begins at an offset and is cut off again when it matches.
+// Input: one byte for each call of a logger. The report is compared with one that is kept as a
+// single text, in which a level begins at an offset and is cut off again if it matches.
 #include <zt_orvex/equivalence/EquivalenceFullLogger.h>
 
 #include <cstddef>

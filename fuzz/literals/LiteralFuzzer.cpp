@@ -18,7 +18,7 @@ void require(bool condition) {
     if (!condition) std::abort();
 }
 
-/// What `call` gives, as text, or the message that it throws.
+/// The result of `call` as text, or the message of what it throws.
 template <class Call>
 std::string outcomeOf(Call call) {
     try {
@@ -39,7 +39,7 @@ std::string describe(double value) {
     return bytes;
 }
 
-/// Both widths agree, and a valid text converts.
+/// Both widths must agree, and a valid text must convert.
 template <class Validate, class Parse>
 void check(std::string_view narrow, std::u16string_view wide, Validate validate, Parse parse) {
     const LiteralValidationResult result = validate(narrow);

@@ -1,4 +1,4 @@
-// Input: units of two bytes each, the first of them the quote character, the others the text.
+// Input: units of two bytes each; the first one is the quote character, the others are the text.
 #include <zt_orvex/support/Quote.h>
 
 #include <algorithm>
@@ -15,13 +15,14 @@ void require(bool condition) {
     if (!condition) std::abort();
 }
 
-/// In a buffer of exactly the text and its terminating zero, so that a sanitizer sees all else.
+/// Unquotes in a buffer of exactly the text and its terminating zero, so that a sanitizer notices
+/// any other access.
 std::u16string unquoted(const std::u16string& text, char16_t quoteChar) {
     const std::unique_ptr<char16_t[]> buffer(new char16_t[text.size() + 1]);
     std::copy(text.begin(), text.end(), buffer.get());
     buffer[text.size()] = u'\0';
     const std::size_t length = zt::orvex::unquote(buffer.get(), text.size(), quoteChar);
-    if (quoteChar == u'\0') return {}; // the terminator may be dropped, and counted all the same
+    if (quoteChar == u'\0') return {}; // the terminator may be dropped and still be counted
     require(length <= text.size() && buffer[length] == u'\0');
     return {buffer.get(), length};
 }

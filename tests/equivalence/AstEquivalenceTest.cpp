@@ -8,7 +8,7 @@
 namespace zt::orvex {
 namespace {
 
-/// The lines of the header's comment that stand in quotes, without the quotes.
+/// The quoted lines of the header's comment, without the quotes.
 std::string readExampleOfHeader() {
     std::ifstream header(ZT_ORVEX_INCLUDE_DIR "/zt_orvex/equivalence/AstEquivalence.h");
     EXPECT_TRUE(header.is_open());

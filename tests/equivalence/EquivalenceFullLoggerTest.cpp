@@ -55,7 +55,7 @@ TEST_F(EquivalenceFullLoggerReport, MatchWithoutMismatchIsOneLine) {
     EXPECT_EQ(logger.getLog(), "Matching A against B - OK\n");
 }
 
-TEST_F(EquivalenceFullLoggerReport, FailedBranchKeepsTheWayDownToTheMismatch) {
+TEST_F(EquivalenceFullLoggerReport, FailedBranchKeepsThePathToTheMismatch) {
     logger.beginMatching("A", "B");
     logger.beginMatching("C", "D");
     logger.doneMatching(true);
@@ -148,7 +148,7 @@ TEST_F(EquivalenceFullLoggerReport, LinesCanBeLoggedAtAnyLevel) {
                                "    -> Matching nodes at index 12 of boost::iterator_range\n");
 }
 
-TEST_F(EquivalenceFullLoggerReport, MismatchesSayWhatAndNotWhich) {
+TEST_F(EquivalenceFullLoggerReport, MismatchesIgnoreTheirArguments) {
     logMismatchedNodes();
     logger.logMismatchedOptionals(true, "ignored", NodeKind::IfStatement, 3);
     logger.logMismatchedOptionals(false, "ignored", NodeKind::IfStatement, 3);
@@ -278,7 +278,7 @@ TEST_F(EquivalenceFullLoggerReport, NewMatchKeepsWhatIsThere) {
     EXPECT_EQ(logger.getLog(), "    -> x\n");
 }
 
-TEST_F(EquivalenceFullLoggerReport, MatchesFollowOneAnotherInTheSameReport) {
+TEST_F(EquivalenceFullLoggerReport, SuccessiveMatchesAppendToTheSameReport) {
     logger.beginMatching("A", "B");
     logger.doneMatching(false);
     logger.startNewMatch();
@@ -298,7 +298,7 @@ TEST_F(EquivalenceFullLoggerReport, ClearEmptiesTheLogAndClosesAllLevels) {
     EXPECT_EQ(logger.getLog(), "-> x\n");
 }
 
-TEST_F(EquivalenceFullLoggerReport, LevelsMayBeOpenAtTheEnd) {
+TEST_F(EquivalenceFullLoggerReport, LevelsMayBeOpenWhenItIsDestroyed) {
     for (int i = 0; i < 100; ++i)
         logger.beginMatching("A", "B");
 }

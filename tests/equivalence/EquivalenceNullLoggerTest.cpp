@@ -34,11 +34,11 @@ TEST(EquivalenceNullLogger, NothingChangesTheNotice) {
     logger.logMismatchedOptionals(true, "A", NodeKind::Invalid, 0);
     logger.logMismatchedIntroductionNodes("a", "b", "c", "d");
     for (int i = 0; i < 20; ++i)
-        logger.doneMatching(i % 2 == 0); // as many as one likes
+        logger.doneMatching(i % 2 == 0); // any number of times
     EXPECT_EQ(logger.getLog(), NOTICE);
 }
 
-TEST(EquivalenceNullLogger, LooksAtNoArgument) {
+TEST(EquivalenceNullLogger, ReadsNoArgument) {
     EquivalenceNullLogger logger;
     logger.log(nullptr);
     logger.beginMatchingStrings(std::u16string_view(nullptr, 0), std::u16string_view(nullptr, 0));

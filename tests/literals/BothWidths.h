@@ -25,11 +25,11 @@ inline void PrintTo(LiteralValidationResult result, std::ostream* stream) {
 
 namespace zt::orvex::testing {
 
-/// The index, the bits and the type of a value in a form that compares and prints.
+/// The index, the bits and the type of a value, in a form that can be compared and printed.
 inline std::string describe(const internal::IntegerLiteralValue& value) {
     const std::string number = boost::apply_visitor(
         [](auto integer) {
-            // Both, for the widest types of either sign don't fit one another.
+            // Both, since the widest types of either sign don't fit into each other.
             return std::to_string(integer);
         },
         value);
@@ -43,7 +43,7 @@ inline std::string describe(double value) {
     return "double bits " + std::to_string(bits);
 }
 
-/// What `call` gives, or the message that it throws.
+/// The result of `call`, or the message of what it throws.
 template <class Call>
 std::string outcomeOf(Call call) {
     try {
@@ -53,7 +53,7 @@ std::string outcomeOf(Call call) {
     }
 }
 
-// Each operation on a text and on its 16-bit twin, which must agree.
+// Each operation on a text and on the same text in 16 bits, which must agree.
 
 #define ZT_ORVEX_BOTH_WIDTHS(function)                                                             \
     inline auto function(std::string_view text) {                                                  \

@@ -22,7 +22,7 @@
 namespace zt::orvex::testing {
 namespace {
 
-/// Both widths, which must agree to the bit. `describe` tells zeros and NaNs apart.
+/// Converts both widths, which must agree to the bit. `describe` distinguishes zeros and NaNs.
 std::string convert(std::string_view text) {
     const std::string narrowText(text);
     std::u16string wideText = widen(text);
@@ -41,7 +41,7 @@ double fromBits(std::uint64_t bits) {
     return value;
 }
 
-/// All digits of a number that has finitely many, however many they are.
+/// All digits of a number that has finitely many.
 std::string exactDigits(long double value) {
     std::string text(2400, '\0');
     const int size = std::snprintf(text.data(), text.size(), "%.1100Lf", value);
@@ -60,7 +60,7 @@ TEST(DecimalToDouble, ConvertsWhatItsGrammarAllows) {
     EXPECT_EQ(convert(std::string(1000, '0') + "7"), describe(7.0));
 }
 
-TEST(DecimalToDouble, AnyOtherTextThrowsForThatText) {
+TEST(DecimalToDouble, AnyOtherTextThrowsAndIsNamed) {
     for (const std::string_view text :
          {"",    ".",   "e5",       ".e5",  "1e",  "1e+", "1e-",    "+1",    "-1",    "-0",
           "inf", "INF", "infinity", "-inf", "nan", "NaN", "nan(1)", "0x10",  "1.5.2", " 1",
@@ -69,7 +69,7 @@ TEST(DecimalToDouble, AnyOtherTextThrowsForThatText) {
                   "Conversion failed converting '" + std::string(text) + "' Reason: Not Specified");
 }
 
-TEST(DecimalToDouble, ZeroInsideTheTextEndsNoNumber) {
+TEST(DecimalToDouble, ZeroInsideTheTextDoesntEndTheNumber) {
     using std::string_literals::operator""s;
     for (const std::string& text : {"1\0"s, "\0"s, "1\0005"s, "1e5\0"s})
         EXPECT_EQ(convert(text), "Conversion failed converting '"s + text.c_str());
@@ -118,7 +118,7 @@ TEST(DecimalToDouble, LargestNumberEndsHalfwayToTheNextPowerOfTwo) {
     EXPECT_EQ(convert(digits), describe(std::numeric_limits<double>::max()));
 }
 
-TEST(DecimalToDouble, SmallestNumberBeginsBehindHalfOfIt) {
+TEST(DecimalToDouble, SmallestNumberBeginsAboveHalfOfIt) {
     const std::string half = exactDigits(std::ldexp(1.0L, -1075));
     EXPECT_EQ(convert(half), describe(0.0));
     EXPECT_EQ(convert(half + "1"), describe(std::numeric_limits<double>::denorm_min()));
@@ -127,7 +127,7 @@ TEST(DecimalToDouble, SmallestNumberBeginsBehindHalfOfIt) {
 }
 
 /// The number halfway between two doubles, written out in full (more than 700 digits for the
-/// smallest), goes to the even one; the slightest digit behind it decides.
+/// smallest), goes to the even one. Any digit after it decides otherwise.
 TEST(DecimalToDouble, HalfwayCasesGoToTheEvenNeighbour) {
     static_assert(std::numeric_limits<long double>::digits > std::numeric_limits<double>::digits);
     Random random;
@@ -144,7 +144,7 @@ TEST(DecimalToDouble, HalfwayCasesGoToTheEvenNeighbour) {
         ASSERT_EQ(convert(digits), describe(even)) << digits;
         ASSERT_EQ(convert(digits + zeros), describe(even)) << digits;
         ASSERT_EQ(convert(digits + zeros + "1"), describe(above)) << digits;
-        std::string less = digits; // the last digit that isn't 0 less 1, and nines behind it
+        std::string less = digits; // the last digit that isn't 0, less 1, followed by nines
         const std::size_t last = less.find_last_not_of("0.");
         --less[last];
         for (std::size_t i = last + 1; i < less.size(); ++i)
@@ -213,7 +213,7 @@ TEST(DecimalToDouble, DecimalPointIsAPointInEveryLocale) {
 }
 
 TEST(DecimalToDouble, DecimalPointIsAPointInEveryLocaleOfTheCLibrary) {
-    // Those of these names that the machine has.
+    // Those of these locales that the machine has.
     for (const char* const name : {"de_DE.UTF-8", "de_DE", "fr_FR.UTF-8", "C.UTF-8", "C"}) {
         if (std::setlocale(LC_ALL, name) == nullptr) continue;
         EXPECT_EQ(convert("1.5"), describe(1.5)) << name;

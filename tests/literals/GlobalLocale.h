@@ -5,7 +5,7 @@
 
 namespace zt::orvex::testing {
 
-/// Numbers as 1.234.567,5: what a program sees that has set a global locale for its users.
+/// Numbers as 1.234.567,5: what a program gets that sets a global locale for its users.
 class CommaAndGroups : public std::numpunct<char> {
 protected:
     char do_decimal_point() const override { return ','; }
@@ -13,14 +13,14 @@ protected:
     std::string do_grouping() const override { return "\3"; }
 };
 
-/// Groups pairs of digits, so that hexadecimal numbers of every width show it.
+/// Groups pairs of digits, which shows in hexadecimal numbers of every width.
 class PairGroups : public std::numpunct<char> {
 protected:
     char do_thousands_sep() const override { return '_'; }
     std::string do_grouping() const override { return "\2"; }
 };
 
-/// The global locale for the length of a scope: the classic one with `Facet`.
+/// Makes the classic locale with `Facet` the global one for the length of a scope.
 template <class Facet>
 class GlobalLocale {
 public:

@@ -24,7 +24,7 @@ static_assert(std::is_trivially_copyable_v<Imaginary>);
 static_assert(std::is_copy_assignable_v<Imaginary> && std::is_move_assignable_v<Imaginary>);
 static_assert(!std::is_default_constructible_v<Imaginary>);
 
-TEST(Imaginary, EqualsAsItsDoubleDoes) {
+TEST(Imaginary, ComparesAsItsDoubleDoes) {
     const double nan = std::numeric_limits<double>::quiet_NaN();
     EXPECT_TRUE(Imaginary(2.5) == Imaginary(2.5));
     EXPECT_FALSE(Imaginary(2.5) != Imaginary(2.5));
@@ -56,7 +56,7 @@ TEST(Imaginary, PrintsWithTheSettingsOfTheStream) {
     EXPECT_EQ(stream.str(), "2.5i 0.333333i 0i 0.333i 2.500i +2.500i");
 }
 
-TEST(Imaginary, WidthIsThatOfTheNumber) {
+TEST(Imaginary, WidthAppliesToTheNumberAlone) {
     std::ostringstream stream;
     stream << std::setw(6) << std::setfill('*') << Imaginary(2.5) << '|' << std::left
            << std::setw(6) << Imaginary(2.5) << '|' << Imaginary(2.5);
@@ -105,7 +105,7 @@ TEST(Imaginary, SixteenBitStreamPadsWithItsFill) {
     stream.imbue(getChar16Locale());
     stream << std::setfill(u'\u2022') << std::setw(6) << Imaginary(2.5);
     EXPECT_EQ(stream.str(), u"\u2022\u2022\u20222.5i");
-    stream.imbue(std::locale::classic()); // now bare, and it remembers its fill
+    stream.imbue(std::locale::classic()); // bare again, but it keeps its fill
     stream.str(u"");
     stream << std::setw(6) << Imaginary(2.5);
     EXPECT_EQ(stream.str(), u"\u2022\u2022\u20222.5i");

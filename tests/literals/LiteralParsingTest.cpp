@@ -94,14 +94,14 @@ TEST(ParseIntegerLiteral, TextOfTwoCharactersOrLessIsZero) {
     }
 }
 
-TEST(ParseIntegerLiteral, WrongPrefixIsSkippedUnseen) {
+TEST(ParseIntegerLiteral, WrongPrefixIsSkippedUnchecked) {
     EXPECT_EQ(parseBinaryLiteral("??101"), is(UnsignedChar{5}));
     EXPECT_EQ(parseBinaryLiteral("0x101u16"), is(UnsignedShort{5}));
     EXPECT_EQ(parseHexLiteral("0b11"), is(UnsignedChar{0x11}));
     EXPECT_EQ(parseHexLiteral("FFFF"), is(UnsignedChar{0xFF}));
 }
 
-TEST(ParseIntegerLiteral, WrongSuffixIsReadByItsLetterAndTheCharacterBehindIt) {
+TEST(ParseIntegerLiteral, WrongSuffixIsReadByItsLetterAndTheNextCharacter) {
     EXPECT_EQ(parseHexLiteral("0x5u7"), is(5ULL));
     EXPECT_EQ(parseHexLiteral("0x5s7"), is(5LL));
     EXPECT_EQ(parseHexLiteral("0x5u1"), is(UnsignedShort{5}));
@@ -112,12 +112,12 @@ TEST(ParseIntegerLiteral, WrongSuffixIsReadByItsLetterAndTheCharacterBehindIt) {
 }
 
 TEST(ParseIntegerLiteral, SuffixAloneMayReachIntoThePrefix) {
-    // Three characters with the letter first: digits are the last of them, and so is the suffix.
+    // Three characters, the letter first: the last one is the digits, and the suffix, too.
     EXPECT_EQ(parseHexLiteral("u16"), is(UnsignedShort{6}));
     EXPECT_EQ(parseHexLiteral("s8F"), is(SignedChar{0xF}));
-    // Four with the letter second: the last two.
+    // Four characters, the letter second: the last two.
     EXPECT_EQ(parseHexLiteral("0u32"), is(0x32U));
-    // Three with the letter second: one.
+    // Three characters, the letter second: one.
     EXPECT_EQ(parseHexLiteral("0u8"), is(UnsignedChar{8}));
     EXPECT_EQ(parseBinaryLiteral("0s8"), "Conversion failed converting '8' Reason: Not Specified");
 }
@@ -147,7 +147,7 @@ TEST(ParseIntegerLiteral, BitShiftedOutThrowsForTheDigitsAlone) {
     }
 }
 
-TEST(ParseIntegerLiteral, CharacterThatIsNoDigitThrowsForTheDigitsAlone) {
+TEST(ParseIntegerLiteral, CharacterThatIsntADigitThrowsForTheDigitsAlone) {
     EXPECT_EQ(parseBinaryLiteral("0b102"),
               "Conversion failed converting '102' Reason: Not Specified");
     EXPECT_EQ(parseBinaryLiteral("0b102u16"),
@@ -181,7 +181,7 @@ TEST(ParseIntegerLiteral, MessageNarrowsUnitsToTheirLowByte) {
     }
 }
 
-TEST(ParseIntegerLiteral, UnitWithTheLowByteOfADigitIsNoDigit) {
+TEST(ParseIntegerLiteral, UnitWithTheLowByteOfADigitIsntADigit) {
     for (const int high : {0x0100, 0x3000, 0xFF00}) {
         for (const char16_t low : {u'0', u'1', u'F'}) {
             const std::u16string text = {u'0', u'x', static_cast<char16_t>(high + low)};
@@ -203,7 +203,7 @@ TEST(ParseDoubleLiteral, PointMayStandAtEitherEnd) {
     EXPECT_EQ(parseDoubleLiteral("1D-2"), describe(0.01));
 }
 
-TEST(ParseDoubleLiteral, TextThatIsNoNumberThrowsForTheRewrittenText) {
+TEST(ParseDoubleLiteral, TextThatIsntANumberThrowsForTheRewrittenText) {
     const auto message = [](const std::string& text) {
         return "Conversion failed converting '" + text + "' Reason: Not Specified";
     };
@@ -219,7 +219,7 @@ TEST(ParseDoubleLiteral, ViewEndsWhereItsLengthSays) {
     EXPECT_EQ(parseDoubleLiteral(std::string_view("1e55", 3)), describe(1e5));
 }
 
-TEST(ParseDoubleLiteral, UnitAboveAsciiIsNoPartOfANumber) {
+TEST(ParseDoubleLiteral, UnitAboveAsciiIsntPartOfANumber) {
     EXPECT_THROW(internal::parseDoubleLiteral(u"1\u0131"), internal::NumberConversionError);
     EXPECT_THROW(internal::parseDoubleLiteral(u"\uFF11"), internal::NumberConversionError);
     EXPECT_THROW(internal::parseDoubleLiteral(u"1\u0165"

@@ -8,7 +8,7 @@
 namespace zt::orvex::internal {
 namespace {
 
-/// The parts as "prefix|digits|suffix", after a look at the views themselves.
+/// The parts as "prefix|digits|suffix"; also checks the views themselves.
 std::string split(std::string_view text) {
     const LiteralParts<char> parts = splitLiteral(text);
     EXPECT_EQ(parts.literal.data(), text.data());
@@ -41,7 +41,7 @@ TEST(SplitLiteral, LetterInThirdPlaceFromTheEndGoesBeforeOneInSecond) {
     EXPECT_EQ(split("0x1xs8"), "0x|1x|s8");
 }
 
-TEST(SplitLiteral, LengthOfDigitsWrapsRoundInThreeAndFourCharacters) {
+TEST(SplitLiteral, LengthOfDigitsWrapsAroundInThreeAndFourCharacters) {
     EXPECT_EQ(split("u16"), "u1|6|u16");
     EXPECT_EQ(split("0u16"), "0u|16|u16");
     EXPECT_EQ(split("00u16"), "00||u16");
@@ -49,7 +49,7 @@ TEST(SplitLiteral, LengthOfDigitsWrapsRoundInThreeAndFourCharacters) {
     EXPECT_EQ(split("00u8"), "00||u8");
 }
 
-TEST(SplitLiteral, LetterAtTheVeryEndIsNoSuffix) { EXPECT_EQ(split("0x1u"), "0x|1u|"); }
+TEST(SplitLiteral, LetterAtTheVeryEndIsntASuffix) { EXPECT_EQ(split("0x1u"), "0x|1u|"); }
 
 } // namespace
 } // namespace zt::orvex::internal

@@ -27,7 +27,7 @@ bool matches(const LiteralPattern& pattern, std::string_view text) {
     return narrow;
 }
 
-// Parsing compiles these two and matches nothing against them, so here they show what they say.
+// Parsing compiles these two patterns but never matches them; these tests show what they match.
 
 TEST(LiteralPattern, PrefixIsAZeroAndTheLetterOfARadix) {
     const LiteralPattern prefix(RADIX_PREFIX_PATTERN, RADIX_PREFIX_PATTERN);
@@ -45,7 +45,7 @@ TEST(LiteralPattern, SuffixIsALetterAndAWidthOrNothing) {
         EXPECT_FALSE(matches(suffix, text)) << text;
 }
 
-TEST(LiteralPattern, EitherHalfRefusesABadPattern) {
+TEST(LiteralPattern, EitherFormRejectsABadPattern) {
     EXPECT_THROW(LiteralPattern("(", "a"), std::runtime_error);
     EXPECT_THROW(LiteralPattern("a", "("), std::invalid_argument);
 }

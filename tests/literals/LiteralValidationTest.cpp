@@ -67,7 +67,7 @@ TEST(ValidateIntegerLiteral, DigitsOfAnotherRadixAreMalformed) {
 }
 
 TEST(ValidateIntegerLiteral, BinaryDigitsAndHexDigitsOverlapInB) {
-    // A hexadecimal digit, and the mark of a binary literal.
+    // B is a hexadecimal digit and also marks a binary literal.
     EXPECT_EQ(validateHexLiteral("0xB1"), VALID);
     EXPECT_EQ(validateHexLiteral("0b1"), MALFORMED);
     EXPECT_EQ(validateBinaryLiteral("0b1"), VALID);
@@ -107,7 +107,7 @@ TEST(ValidateIntegerLiteral, LeadingZerosCount) {
     EXPECT_EQ(validateBinaryLiteral("0b000000001u8"), TOO_MANY_DIGITS);
 }
 
-TEST(ValidateIntegerLiteral, SignedSuffixAllowsTheDigitsOfTheUnsignedOne) {
+TEST(ValidateIntegerLiteral, SignedSuffixAllowsAsManyDigitsAsTheUnsignedOne) {
     EXPECT_EQ(validateHexLiteral("0xFFs8"), VALID);
     EXPECT_EQ(validateBinaryLiteral("0b11111111s8"), VALID);
 }
@@ -118,7 +118,7 @@ TEST(ValidateDoubleLiteral, AcceptsDigitsWithAnOptionalPointAndExponent) {
         EXPECT_EQ(validateDoubleLiteral(text), VALID) << text;
 }
 
-TEST(ValidateDoubleLiteral, RefusesAllElse) {
+TEST(ValidateDoubleLiteral, RejectsAnythingElse) {
     for (const std::string_view text :
          {"",    ".",  "e5", "1e",  "+1",  "-1",  "1.5.2", "..5",  "1..",  "1e+",   "1e5.", "1e5e5",
           "1f5", " 1", "1 ", "0x1", "inf", "nan", "1,5",   "1e 5", "1ee5", "1e+-5", ".e5",  "1.5i"})
@@ -181,7 +181,7 @@ TEST(ValidateLiteral, MegabyteOfDigitsWithABadEndIsMalformed) {
     EXPECT_EQ(validateDoubleLiteral("1e" + digits + "."), MALFORMED);
 }
 
-TEST(ValidateLiteral, MegabyteOfDigitsWithAGoodEndIsNoReasonToFail) {
+TEST(ValidateLiteral, MegabyteOfDigitsWithAGoodEndIsValid) {
     const std::string digits(1 << 20, '1');
     EXPECT_EQ(validateBinaryLiteral("0b" + digits + "u8"), TOO_MANY_DIGITS);
     EXPECT_EQ(validateHexLiteral("0x" + digits), TOO_MANY_DIGITS);

@@ -43,7 +43,7 @@ inline std::string randomDouble(Random& random) {
     return text;
 }
 
-/// Up to three characters put in, taken out or replaced.
+/// Inserts, removes or replaces up to three characters.
 inline void mutate(Random& random, std::string& text) {
     using std::string_view_literals::operator""sv;
     constexpr std::string_view CHARACTERS = "01289afAFgxXbBuUsSdDeE.+- 346\0\x7F\x80\xFF"sv;
@@ -62,7 +62,7 @@ inline void mutate(Random& random, std::string& text) {
     }
 }
 
-/// Something like a literal of the kind: well-formed half of the time, more or less.
+/// Something like a literal of the kind: well-formed about half of the time.
 inline std::string randomLiteral(Random& random, LiteralKind kind) {
     std::string text = kind == LiteralKind::Double
                            ? randomDouble(random)

@@ -48,7 +48,7 @@ TEST(WidePattern, EmptyPatternMatchesTheEmptyTextAlone) {
     EXPECT_FALSE(matches("", u"a"));
 }
 
-TEST(WidePattern, EscapeTakesThePunctuationFromACharacter) {
+TEST(WidePattern, EscapeMakesPunctuationAnOrdinaryCharacter) {
     EXPECT_TRUE(matches("\\.\\*\\\\\\(", u".*\\("));
     EXPECT_FALSE(matches("\\.", u"a"));
 }
@@ -94,7 +94,7 @@ TEST(WidePattern, UnitAboveAsciiMatchesNothing) {
         EXPECT_EQ(pattern.matches(std::u16string(1, static_cast<char16_t>(unit))), unit < 0x7F);
 }
 
-TEST(WidePattern, NothingBehindAMismatchMakesItGood) {
+TEST(WidePattern, NothingAfterAMismatchMakesItAMatch) {
     EXPECT_FALSE(matches("a+", u"ab"
                                u"aaaa"));
     EXPECT_FALSE(matches("a+", u"\u0161"
@@ -115,7 +115,7 @@ TEST(WidePattern, CopyIsAPatternOfItsOwn) {
     EXPECT_TRUE(copy.matches(u"abb"));
 }
 
-TEST(WidePattern, OtherSyntaxIsRefused) {
+TEST(WidePattern, OtherSyntaxIsRejected) {
     EXPECT_EQ(messageFor("a.b"), "Pattern 'a.b' is not supported at offset 1: "
                                  "a character with another meaning elsewhere");
     EXPECT_EQ(messageFor("(?:a)"),
@@ -140,7 +140,7 @@ TEST(WidePattern, OtherSyntaxIsRefused) {
         EXPECT_NE(messageFor(pattern), "compiled") << pattern;
 }
 
-TEST(WidePattern, TooLargePatternIsRefused) {
+TEST(WidePattern, TooLargePatternIsRejected) {
     EXPECT_EQ(messageFor("01234567"), "compiled");
     EXPECT_EQ(messageFor("0123456789"),
               "Pattern '0123456789' is not supported at offset 10: more than 10 states");
@@ -151,7 +151,7 @@ TEST(WidePattern, TooLargePatternIsRefused) {
     EXPECT_NE(messageFor(places + "|a").find("more than 64 places"), std::string::npos);
 }
 
-/// Another opinion: the standard library's backtracking engine, on the same text in 8 bits.
+/// A second opinion: the standard library's backtracking engine on the same text in 8 bits.
 TEST(WidePattern, AgreesWithABacktrackingEngineOnSmallPatterns) {
     Random random;
     SCOPED_TRACE(random.describe());

@@ -19,7 +19,7 @@ struct Row {
     const char16_t* word;
 };
 
-// Written by hand, to check the table and not to repeat it.
+// Written by hand, to check the table rather than repeat it.
 const Row ROWS[] = {
     {PragmaKind::codegen, 0, u"codegen"},
     {PragmaKind::zel, 1, u"zel"},

@@ -53,7 +53,7 @@ std::string print(const Pragma& pragma) {
     return stream.str();
 }
 
-TEST(ParsePragma, TextThatIsNoPragmaCommentThrows) {
+TEST(ParsePragma, TextThatIsntAPragmaCommentThrows) {
     for (const u16string_view text : {u"", u"%", u"#", u"% foo", u"abc", u"% #ok", u"%%#ok"}) {
         try {
             parsePragma(text, 0);
@@ -64,7 +64,7 @@ TEST(ParsePragma, TextThatIsNoPragmaCommentThrows) {
     }
 }
 
-TEST(ParsePragma, FirstCharacterIsNotLookedAt) {
+TEST(ParsePragma, FirstCharacterIsntChecked) {
     EXPECT_EQ(parse(u"##ok").getKind(), PragmaKind::ok);
     EXPECT_EQ(parse(u"x#ok").getKind(), PragmaKind::ok);
     EXPECT_EQ(parse(u"\u2020#ok").getKind(), PragmaKind::ok);
@@ -76,13 +76,13 @@ TEST(ParsePragma, TextWithoutAWordGivesNothing) {
         EXPECT_FALSE(parsePragma(text, 0)) << text.size();
 }
 
-TEST(ParsePragma, WordMayBeginBehindTabsAndBlanks) {
+TEST(ParsePragma, WordMayFollowTabsAndBlanks) {
     for (const u16string_view text :
          {u"%#function", u"%#  function a b", u"%#\t\tfunction\t", u"%# \t function(x)"})
         EXPECT_EQ(parse(text).getKind(), PragmaKind::function);
 }
 
-TEST(ParsePragma, WordEndsAtTheFirstCharacterThatIsNoneOfItsOwn) {
+TEST(ParsePragma, WordEndsAtTheFirstOtherCharacter) {
     EXPECT_TRUE(parse(u"%#ok(x)").getPragmaName() == u"ok");
     EXPECT_TRUE(parse(u"%#ok,x").getPragmaName() == u"ok");
     EXPECT_TRUE(parse(u"%#ok\u00E9").getPragmaName() == u"ok");
@@ -92,7 +92,7 @@ TEST(ParsePragma, WordEndsAtTheFirstCharacterThatIsNoneOfItsOwn) {
     EXPECT_EQ(parse(u"%#ok_").getKind(), PragmaKind::UNRECOGNIZED);
 }
 
-TEST(ParsePragma, UnknownWordMakesAPragmaAllTheSame) {
+TEST(ParsePragma, UnknownWordStillMakesAPragma) {
     const Pragma pragma = parse(u"%#Function a");
     EXPECT_EQ(pragma.getKind(), PragmaKind::UNRECOGNIZED);
     EXPECT_TRUE(pragma.getPragmaName() == u"Function");
@@ -137,19 +137,19 @@ TEST(Pragma, ViewsPointIntoItsOwnText) {
     EXPECT_EQ(pragma.getTrimmedArgumentsText().data(), text + 13);
 }
 
-TEST(Pragma, NothingBehindTheWordIsEmptyTrimmedOrNot) {
+TEST(Pragma, WithNothingAfterTheWordBothArgumentTextsAreEmpty) {
     const Pragma pragma = parse(u"%#ok");
     EXPECT_TRUE(pragma.getArgumentsText() == u"");
     EXPECT_TRUE(pragma.getTrimmedArgumentsText() == u"");
 }
 
-TEST(Pragma, OnlySeparatorsBehindTheWordAreEmptyTrimmed) {
+TEST(Pragma, WithOnlySeparatorsAfterTheWordTheTrimmedTextIsEmpty) {
     const Pragma pragma = parse(u"%#ok \t,");
     EXPECT_TRUE(pragma.getArgumentsText() == u" \t,");
     EXPECT_TRUE(pragma.getTrimmedArgumentsText() == u"");
 }
 
-TEST(Pragma, TrimLeavesAsManyBehindAsItDroppedInFront) {
+TEST(Pragma, TrimKeepsAsManyAtTheEndAsItDropsAtTheBeginning) {
     EXPECT_TRUE(trim(u"foo, ") == u"foo");
     EXPECT_TRUE(trim(u" a  ") == u"a ");
     EXPECT_TRUE(trim(u" a") == u"a");
@@ -216,7 +216,7 @@ TEST(Pragma, ConstructorChecksNothing) {
     }
 }
 
-TEST(Pragma, OffsetAtTheEndOfTheTextIsNoError) {
+TEST(Pragma, OffsetAtTheEndOfTheTextIsntAnError) {
     EXPECT_TRUE(Pragma(PragmaKind::ok, u"%#ok", 0, 4).getArgumentsText() == u"");
 }
 

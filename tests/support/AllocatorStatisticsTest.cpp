@@ -30,7 +30,7 @@ TEST(AllocatorStatistics, StartsAtZeroAndEqualsAnother) {
     EXPECT_FALSE(AllocatorStatistics() != AllocatorStatistics());
 }
 
-TEST(AllocatorStatistics, PairsCountApart) {
+TEST(AllocatorStatistics, PairsCountIndependently) {
     AllocatorStatistics statistics;
     statistics.recordAllocationRequest(24);
     statistics.recordAllocationRequest(8);
@@ -46,7 +46,7 @@ TEST(AllocatorStatistics, RequestOfNoBytesCounts) {
     EXPECT_TRUE(statistics != AllocatorStatistics());
 }
 
-TEST(AllocatorStatistics, EachCounterTellsTwoRecordsApart) {
+TEST(AllocatorStatistics, EachCounterDistinguishesTwoRecords) {
     const AllocatorStatistics zero;
     AllocatorStatistics request;
     request.recordAllocationRequest(0);

@@ -28,7 +28,7 @@ TEST(AsciiClass, AlnumHoldsForLettersAndDigitsAlone) {
     EXPECT_FALSE(isAsciiAlnum(U'_'));
 }
 
-TEST(AsciiClass, CodePointOutsideUnicodeIsNoLetter) {
+TEST(AsciiClass, CodePointOutsideUnicodeIsntALetter) {
     EXPECT_FALSE(isAsciiAlpha(0xFFFFFFFF));
     EXPECT_FALSE(isAsciiAlnum(0xFFFFFF41));
 }

@@ -1,5 +1,5 @@
-// Runs twice: linked with the library's objects, and against the shared library as a consumer,
-// where it also shows that both modules mean the same facets.
+// Runs twice: linked with the library's objects, and with the shared library as a consumer, which
+// also shows that both modules use the same facets.
 #include <zt_orvex/ast/NodeKind.h>
 #include <zt_orvex/support/Char16Locale.h>
 
@@ -40,14 +40,14 @@ TEST(Char16Locale, LeavesTheGlobalLocaleAlone) {
     EXPECT_EQ(std::locale(), std::locale::classic());
 }
 
-TEST(Char16Locale, EndlFillAndLoneCharactersWork) {
+TEST(Char16Locale, EndlFillAndSingleCharactersWork) {
     Stream16 stream = makeStream();
     stream << std::setfill(u'*') << std::setw(3) << u"a" << 'b' << u'c' << "de" << std::endl;
     EXPECT_EQ(stream.str(), u"**abcde\n");
     EXPECT_TRUE(stream.good());
 }
 
-TEST(Char16Locale, BlankIsTheFirstFill) {
+TEST(Char16Locale, DefaultFillIsABlank) {
     Stream16 stream = makeStream();
     EXPECT_EQ(stream.fill(), u' ');
     stream << std::setw(3) << 7;
@@ -145,7 +145,7 @@ TEST(Char16Locale, AsciiWidensAndNarrowsAndNothingElseDoes) {
     EXPECT_EQ(back, "a?z");
 }
 
-TEST(Char16Locale, DerivedLocaleCarriesAnotherPunctuation) {
+TEST(Char16Locale, DerivedLocaleMayHaveAnotherPunctuation) {
     class Comma : public std::numpunct<char16_t> {
         char16_t do_decimal_point() const override { return u','; }
         char16_t do_thousands_sep() const override { return u'.'; }
@@ -160,7 +160,7 @@ TEST(Char16Locale, DerivedLocaleCarriesAnotherPunctuation) {
 }
 
 TEST(Char16Locale, StreamsOfTwoModulesShareTheFacets) {
-    // The facets come from here, the stream is written by the library.
+    // The facets come from this module; the library writes to the stream.
     Stream16 stream;
     stream.imbue(std::locale(std::locale::classic(), new std::ctype<char16_t>()));
     stream << std::setfill(u'*') << std::setw(4) << NodeKind::IfStatement;

@@ -19,8 +19,8 @@ std::u16string print(double value) {
     return stream.str();
 }
 
-/// Two threads that print one after the other, and that nothing synchronises: the order of the
-/// prints is certain, yet the relaxed flag makes no write of the first thread visible to the second.
+/// Two threads print one after the other without synchronisation: the relaxed flag fixes the order,
+/// but doesn't make the first thread's writes visible to the second.
 TEST(Char16LocaleThreads, FirstNumbersOfTwoThreadsDontRace) {
     std::atomic<bool> isFirstDone{false};
     std::u16string first;

@@ -1,5 +1,5 @@
 // Never includes Char16Locale.h: a consumer's file can make a stream of 16-bit characters without
-// it, and must link and mean the same facets all the same.
+// it, and must still link and use the same facets.
 #include <zt_orvex/support/Export.h>
 
 #include <gtest/gtest.h>

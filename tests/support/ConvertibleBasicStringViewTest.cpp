@@ -11,7 +11,7 @@ namespace {
 using View = ConvertibleBasicStringView<char16_t>;
 using NarrowView = ConvertibleBasicStringView<char>;
 
-/// Takes what it is given through one implicit conversion, as the functions of the library do.
+/// Takes its argument through one implicit conversion, as the functions of the library do.
 std::u16string received(View text) { return std::u16string(text); }
 std::string receivedNarrow(NarrowView text) { return std::string(text); }
 
@@ -59,7 +59,7 @@ TEST(ConvertibleBasicStringView, BoostReferenceConverts) {
     EXPECT_EQ(receivedNarrow(boost::string_ref("x")), "x");
 }
 
-TEST(ConvertibleBasicStringView, ConvertsToTheStandardViewAlone) {
+TEST(ConvertibleBasicStringView, ConvertsOnlyToTheStandardView) {
     static_assert(std::is_convertible_v<View, std::u16string_view>);
     static_assert(!std::is_convertible_v<View, std::u16string>);
     static_assert(!std::is_convertible_v<View, boost::basic_string_ref<char16_t>>);

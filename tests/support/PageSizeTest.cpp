@@ -16,7 +16,7 @@ struct Asked {
 };
 
 #if defined(__ELF__)
-// Asks before the initialisers of the library have run.
+// Asks before the library's initialisers have run.
 __attribute__((init_priority(101))) const Asked beforeInitialisers;
 #else
 const Asked beforeInitialisers;

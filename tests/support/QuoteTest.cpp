@@ -22,8 +22,8 @@ using testing::rounds;
 constexpr std::size_t LARGEST = std::numeric_limits<std::size_t>::max();
 constexpr char16_t QUOTE = u'\'';
 
-/// A text and its terminating zero in a buffer of exactly that size, so that a sanitizer sees
-/// whatever lies outside.
+/// A text and its terminating zero in a buffer of exactly that size, so that a sanitizer notices
+/// any access outside it.
 class Buffer {
 public:
     explicit Buffer(const std::u16string& text)
@@ -55,7 +55,7 @@ std::u16string unquoted(const std::u16string& text, char16_t quoteChar = QUOTE) 
     return buffer.first(length);
 }
 
-/// Run by run, for a quote character that isn't 0.
+/// A second implementation, which works run by run; the quote character must not be 0.
 std::u16string plainUnquoted(const std::u16string& text, char16_t quoteChar) {
     const std::u16string opening = u"([{";
     const std::u16string closing = u")]}";
@@ -83,8 +83,8 @@ std::u16string plainUnquoted(const std::u16string& text, char16_t quoteChar) {
     return result;
 }
 
-/// With a quote character of 0, two zeros behind the text stand for the terminating one and for the
-/// one that is imagined behind it.
+/// The same for a quote character of 0. Two zeros after the text stand for the terminating one and
+/// for the imaginary one after that.
 std::pair<std::u16string, std::size_t> plainUnquotedByZero(const std::u16string& text) {
     const std::u16string units = text + std::u16string(2, u'\0');
     std::u16string result;
@@ -137,7 +137,7 @@ std::u16string randomText(Random& random, std::size_t length, std::u16string_vie
 
 const std::u16string ALPHABET = u"'()[]{}x";
 
-// A sanitizer makes every step dearer by an order of magnitude; so does one more character.
+// Each further character costs an order of magnitude, and so does a sanitizer.
 constexpr std::size_t LONGEST = ZT_ORVEX_TEST_SANITIZED == 0 ? 7 : 6;
 
 TEST(Quote, WrapsAndDoubles) {
@@ -159,7 +159,7 @@ TEST(Quote, AnyCharacterCanBeTheQuote) {
     EXPECT_EQ(quoted(u"a\uFFFF", u'\uFFFF'), u"\uFFFFa\uFFFF\uFFFF\uFFFF");
 }
 
-TEST(Unquote, TextsOfTheManual) {
+TEST(Unquote, TextsOfTheHeader) {
     EXPECT_EQ(unquoted(u"'it''s'"), u"it's");
     EXPECT_EQ(unquoted(u"''"), u"");
     EXPECT_EQ(unquoted(u"'a''"), u"a'");
@@ -204,7 +204,7 @@ TEST(Unquote, QuoteCharacterMayBeABracket) {
 
 TEST(Unquote, TextWithoutQuotesIsNotWritten) {
     static const char16_t text[] = u"f('x')";
-    // The characters lie in memory that can only be read.
+    // The characters are in read-only memory.
     EXPECT_EQ(unquote(const_cast<char16_t*>(text), 6, QUOTE), 6U);
 }
 
@@ -223,15 +223,15 @@ TEST(Unquote, LengthBeyondTheTopOfTheAddressSpaceTouchesNothing) {
         std::numeric_limits<std::uintptr_t>::max() - reinterpret_cast<std::uintptr_t>(anywhere);
     expectRefused(LARGEST);
     expectRefused(LARGEST - 1);
-    expectRefused(LARGEST / 2 + 1); // twice as many bytes: 0 when reckoned in 64 bits
+    expectRefused(LARGEST / 2 + 1); // twice as many bytes: 0 in 64 bits
     expectRefused(LARGEST / 2 + 2); // 2 in 64 bits
     expectRefused(LARGEST / 2);
-    // At the very top, whatever the address.
+    // At the very top of the address space.
     EXPECT_EQ(unquote(anywhere, bytesAbove / 2, QUOTE), LARGEST);
     EXPECT_EQ(unquote(anywhere, bytesAbove / 2 + 1, QUOTE), LARGEST);
 }
 
-TEST(Unquote, QuoteCharacterOfZeroTakesTheTerminatorForAQuote) {
+TEST(Unquote, QuoteCharacterOfZeroTreatsTheTerminatorAsAQuote) {
     const auto lengthOf = [](const std::u16string& text) {
         return Buffer(text).unquoteWith(u'\0');
     };
@@ -252,7 +252,7 @@ TEST(Unquote, QuoteCharacterOfZeroNeverReadsOutsideTheBuffer) {
 }
 
 TEST(Unquote, GivesBackEveryShortTextThatWasQuoted) {
-    // Brackets in a quoted run don't count, so this holds with brackets, too.
+    // Brackets in a quoted run don't count, so this also holds with brackets.
     forEachText(ALPHABET, LONGEST, [](const std::u16string& text) {
         Buffer buffer(quoted(text));
         const std::size_t length = buffer.unquoteWith(QUOTE);

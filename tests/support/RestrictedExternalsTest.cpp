@@ -19,7 +19,7 @@ TEST(RestrictedExternals, AreTheseEighteenNames) {
     EXPECT_EQ(std::set<std::u16string>(names.begin(), names.end()), expected);
 }
 
-TEST(RestrictedExternals, LookUpIsExactAndSensitiveToCase) {
+TEST(RestrictedExternals, LookupIsExactAndCaseSensitive) {
     const auto& names = getRestrictedExternals();
     EXPECT_EQ(names.count(u"eval"), 1U);
     for (const char16_t* name : {u"Eval", u"EVAL", u"eva", u"evals", u"", u" eval", u"nargins"}) {

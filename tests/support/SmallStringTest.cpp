@@ -23,7 +23,7 @@ std::string padded(std::string text) {
     return text;
 }
 
-/// Eight bytes of a padded text, the first one lowest.
+/// Eight bytes of a padded text as a little-endian number.
 std::uint64_t wordAt(const std::string& text, std::size_t offset) {
     std::uint64_t word = 0;
     for (std::size_t i = 8; i > 0; --i) {
@@ -39,8 +39,8 @@ std::string randomText(Random& random, std::size_t length) {
     return text;
 }
 
-/// Every `SmallString` is made from a buffer of exactly its size, so that a sanitizer sees any byte
-/// that is read outside of it.
+/// Makes each `SmallString` from a buffer of exactly its size, so that a sanitizer notices any byte
+/// that is read outside it.
 SmallString fromExactBuffer(const std::string& text) {
     const std::unique_ptr<char[]> buffer(new char[text.size()]);
     std::copy(text.begin(), text.end(), buffer.get());
@@ -95,7 +95,7 @@ TEST(SmallString, ZeroAtTheEndMakesNoDifference) {
     EXPECT_FALSE(SmallString("a") != SmallString(View("a\0", 2)));
 }
 
-TEST(SmallString, AnyOneByteTellsTwoTextsApart) {
+TEST(SmallString, AnySingleByteDistinguishesTwoTexts) {
     for (std::size_t i = 0; i < 16; ++i) {
         std::string text(16, 'x');
         const SmallString a(text);

@@ -13,7 +13,7 @@
 
 namespace zt::orvex::internal {
 
-/// What the pool counts and nothing in the library reads.
+/// Reads the counters of a pool, which nothing in the library does.
 class StringPoolProbe {
 public:
     explicit StringPoolProbe(const StringPool& poolToRead) : pool(poolToRead) {}
@@ -24,7 +24,7 @@ public:
     std::uint64_t saved() const { return pool.bytesSaved; }
     std::size_t entries() const { return pool.table.size(); }
 
-    /// Whether the fields stand in their order.
+    /// Whether the fields have the required order.
     bool isInOrder() const {
         const auto at = [](const auto& field) { return reinterpret_cast<std::uintptr_t>(&field); };
         return at(pool) == at(pool.table) && at(pool.table) < at(pool.numberOfLookups) &&
@@ -68,9 +68,7 @@ TEST(StringPool, StartsEmpty) {
     EXPECT_FALSE(pool.lookup("x"));
 }
 
-TEST(StringPool, FieldsStandInTheirOrder) {
-    EXPECT_TRUE(StringPoolProbe(StringPool()).isInOrder());
-}
+TEST(StringPool, FieldsHaveTheirOrder) { EXPECT_TRUE(StringPoolProbe(StringPool()).isInOrder()); }
 
 TEST(StringPool, HitGivesTheCallersOwnText) {
     const std::u16string text = u"idx";
@@ -91,7 +89,7 @@ TEST(StringPool, HitOnThreeBytesSavesEightWhateverTheValue) {
     expectCounters(pool, {2, 2, 16, 16, 1});
 }
 
-TEST(StringPool, MissCountsAsALookUpOnly) {
+TEST(StringPool, MissCountsOnlyAsALookup) {
     StringPool pool;
     pool.poolIfShort("a", u"a");
     EXPECT_FALSE(pool.lookup("b"));

@@ -20,7 +20,7 @@ constexpr char32_t REPLACEMENT = 0xFFFD;
 
 bool isSurrogate(char32_t unit) { return (unit & 0xFFFFF800U) == 0xD800; }
 
-/// Strict: no overlong form, no surrogate, nothing above U+10FFFF. Empty if `bytes` is no UTF-8.
+/// Strict: no overlong form, no surrogate, nothing above U+10FFFF. Empty if `bytes` isn't UTF-8.
 std::optional<std::u32string> decodeUtf8(std::string_view bytes) {
     std::u32string points;
     for (std::size_t i = 0; i < bytes.size();) {
@@ -45,7 +45,7 @@ std::optional<std::u32string> decodeUtf8(std::string_view bytes) {
     return points;
 }
 
-/// The code points of `text`, found from its end.
+/// The code points of `text`, decoded from its end.
 std::u32string decodeUtf16(std::u16string_view text) {
     std::u32string reversed;
     for (std::size_t i = text.size(); i > 0; --i) {
@@ -86,7 +86,7 @@ TEST(Utf16ToUtf8, ZeroIsAnOrdinaryUnit) {
     EXPECT_EQ(utf16ToUtf8(std::u16string_view(u"a\0b", 3)), std::string("a\0b", 3));
 }
 
-TEST(Utf16ToUtf8, LoneSurrogateGivesOneReplacementAndSwallowsNothing) {
+TEST(Utf16ToUtf8, LoneSurrogateGivesOneReplacementAndDropsNothing) {
     const char16_t highThenLetter[] = {0xD800, u'x'};
     EXPECT_EQ(utf16ToUtf8({highThenLetter, 2}), "\xEF\xBF\xBDx");
     const char16_t swapped[] = {0xDC00, 0xD800};

@@ -30,7 +30,7 @@ class GermanPunctuation : public std::numpunct<char> {
     std::string do_grouping() const override { return "\3"; }
 };
 
-/// A bare stream that remembers a fill.
+/// Makes a bare stream that still has a fill.
 void setFillThenForgetLocale(Stream16& stream, char16_t fill) {
     stream.imbue(getChar16Locale());
     stream.fill(fill);
@@ -86,7 +86,7 @@ TEST(InsertText, FillOfAStreamWithTheLocaleApplies) {
     EXPECT_EQ(stream.str(), u"\u2022\u2022a");
 }
 
-TEST(InsertText, FillThatABareStreamRemembersApplies) {
+TEST(InsertText, FillThatABareStreamStillHasApplies) {
     Stream16 stream;
     setFillThenForgetLocale(stream, u'*');
     stream << std::setw(3);
@@ -94,7 +94,7 @@ TEST(InsertText, FillThatABareStreamRemembersApplies) {
     EXPECT_EQ(textOf(stream), "**a");
 }
 
-TEST(InsertText, StreamInFailureTakesNothingAndKeepsItsWidth) {
+TEST(InsertText, StreamThatHasFailedTakesNothingAndKeepsItsWidth) {
     Stream16 stream;
     stream.setstate(std::ios_base::failbit);
     stream << std::setw(4);
@@ -114,7 +114,7 @@ TEST(InsertText, StreamThatThrowsOnFailureDoesNotThrowForLackOfALocale) {
     EXPECT_EQ(textOf(stream), "  ab   7");
 }
 
-/// Formats `value` on a narrow stream, a bare one and one with the locale, all set up alike.
+/// Formats `value` on a narrow stream, a bare one and one with the locale, with the same settings.
 template <class Number, class SetUp>
 void expectSameText(Number value, SetUp setUp) {
     std::ostringstream expected;

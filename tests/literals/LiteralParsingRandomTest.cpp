@@ -1,5 +1,5 @@
-// Random texts, well-formed and not, against plain rules of their own: no pattern, no split, and
-// numbers by strtoull. 8-bit and 16-bit text must agree on each.
+// Random texts, well-formed or not, against a plain second implementation without patterns, which
+// converts numbers with strtoull. 8-bit and 16-bit text must agree on each.
 
 #include "literals/RandomLiterals.h"
 
@@ -17,7 +17,7 @@
 namespace zt::orvex::testing {
 namespace {
 
-// The engine for 8-bit text takes microseconds for each without optimisation.
+// Without optimisation the engine for 8-bit text is slow.
 #if defined(__OPTIMIZE__)
 constexpr std::size_t TEXTS = 200000;
 #else
@@ -29,7 +29,7 @@ using internal::LiteralValidationResult;
 
 bool isOneOf(char c, std::string_view set) { return set.find(c) != std::string_view::npos; }
 
-/// Takes what it can from the front of `text`.
+/// Removes the longest prefix of `text` that consists of `set`, and returns its length.
 std::size_t take(std::string_view& text, std::string_view set) {
     const std::size_t count = std::min(text.find_first_not_of(set), text.size());
     text.remove_prefix(count);
@@ -40,7 +40,7 @@ struct PlainInteger {
     bool isWellFormed = false;
     std::string digits;
     bool isSigned = false;
-    std::size_t width = 0; // 0 without suffix
+    std::size_t width = 0; // 0 without a suffix
 };
 
 PlainInteger readInteger(std::string_view text, bool isHex) {
@@ -78,7 +78,7 @@ bool isDouble(std::string_view text) {
     return take(text, DIGITS) > 0 && text.empty();
 }
 
-/// The value in the form of `describe`: the index by width and sign, and the bits as a number.
+/// The value in the form of `describe`: the index from width and sign, and the bits as a number.
 std::string expectedValue(const PlainInteger& integer, bool isHex) {
     const std::size_t digitBits = isHex ? 4 : 1;
     std::size_t width = integer.width;
@@ -90,7 +90,8 @@ std::string expectedValue(const PlainInteger& integer, bool isHex) {
     const unsigned long long bits = std::strtoull(significant.c_str(), nullptr, isHex ? 16 : 2);
     const bool fits = significant.size() * digitBits <= 64 + 3 &&
                       (significant.size() <= 64 / digitBits) && (width == 64 || bits >> width == 0);
-    // A hexadecimal digit is shifted in whole: it must fit whole, which it does in every width.
+    // A hexadecimal digit is shifted in as a whole and must fit as a whole, as it does in each
+    // width.
     if (!fits) return "Conversion failed converting '" + integer.digits + "' Reason: Not Specified";
     switch (width + (integer.isSigned ? 1 : 0)) {
     case 8:
@@ -120,7 +121,7 @@ LiteralValidationResult expectedResult(const PlainInteger& integer, bool isHex) 
                : LiteralValidationResult::TooManyDigits;
 }
 
-TEST(RandomLiterals, IntegersFollowThePlainRules) {
+TEST(LiteralParsingRandom, IntegersFollowThePlainRules) {
     Random random;
     SCOPED_TRACE(random.describe());
     std::size_t wellFormed = 0;
@@ -140,7 +141,7 @@ TEST(RandomLiterals, IntegersFollowThePlainRules) {
     EXPECT_GT(wellFormed, rounds(TEXTS) / 4);
 }
 
-TEST(RandomLiterals, DoublesFollowThePlainRules) {
+TEST(LiteralParsingRandom, DoublesFollowThePlainRules) {
     Random random;
     SCOPED_TRACE(random.describe());
     std::size_t wellFormed = 0;
@@ -163,8 +164,8 @@ TEST(RandomLiterals, DoublesFollowThePlainRules) {
     EXPECT_GT(wellFormed, rounds(TEXTS) / 4);
 }
 
-/// Nothing but the two widths against each other, so that a million texts are cheap.
-TEST(RandomLiterals, WidthsAgreeOnManyMoreTexts) {
+/// Compares only the two widths, so that a million texts are cheap.
+TEST(LiteralParsingRandom, WidthsAgreeOnManyMoreTexts) {
     Random random;
     SCOPED_TRACE(random.describe());
     for (std::size_t round = 0; round < rounds(10 * TEXTS); ++round) {
@@ -190,8 +191,8 @@ TEST(RandomLiterals, WidthsAgreeOnManyMoreTexts) {
     }
 }
 
-/// A well-formed literal with one unit lifted above ASCII, its low byte unchanged.
-TEST(RandomLiterals, UnitWithAnyHighByteIsMalformed) {
+/// A well-formed literal in which one unit is moved above ASCII with its low byte unchanged.
+TEST(LiteralParsingRandom, UnitWithAnyHighByteIsMalformed) {
     Random random;
     SCOPED_TRACE(random.describe());
     for (std::size_t round = 0; round < rounds(100000); ++round) {

@@ -19,7 +19,7 @@ namespace {
 
 using testing::allocationsOf;
 
-TEST(LiteralMemory, DoubleCostsOneBuffer) {
+TEST(LiteralParsingMemory, DoubleCostsOneBuffer) {
     const std::string narrow = "1234567890.12345678901234567890d+15";
     const std::u16string wide = testing::widen(narrow);
     EXPECT_EQ(allocationsOf([&] { parseDoubleLiteral(narrow); }), 1U);
@@ -30,16 +30,16 @@ TEST(LiteralMemory, DoubleCostsOneBuffer) {
     EXPECT_EQ(allocationsOf([&] { parseDoubleLiteral(longWide); }), 1U);
 }
 
-TEST(LiteralMemory, BufferIsFreedWhenConversionThrows) {
+TEST(LiteralParsingMemory, BufferIsFreedWhenConversionThrows) {
     const auto fail = [] {
         EXPECT_ANY_THROW(parseDoubleLiteral("a text that is long enough for the heap"));
         EXPECT_ANY_THROW(parseDoubleLiteral(u"a text that is long enough for the heap"));
     };
-    fail(); // what is built on first use stays
+    fail(); // builds what is built on first use
     EXPECT_EQ(testing::costOf(fail).living(), 0U);
 }
 
-TEST(LiteralMemory, IntegersCostNoneAfterTheFirstOnAThread) {
+TEST(LiteralParsingMemory, IntegersCostNoneAfterTheFirstOnAThread) {
     const auto parseAll = [] {
         parseBinaryLiteral("0b10110111000101110010u32");
         parseBinaryLiteral(u"0b10110111000101110010u32");
@@ -50,7 +50,7 @@ TEST(LiteralMemory, IntegersCostNoneAfterTheFirstOnAThread) {
     EXPECT_EQ(allocationsOf(parseAll), 0U);
 }
 
-TEST(LiteralMemory, WideValidationCostsNoneAfterTheFirstOnAThread) {
+TEST(LiteralParsingMemory, WideValidationCostsNoneAfterTheFirstOnAThread) {
     const auto validateAll = [] {
         validateBinaryLiteral(u"0b10110111000101110010u32");
         validateHexLiteral(u"0xFFFFFFFFFFFFFFFFs64");
@@ -60,8 +60,8 @@ TEST(LiteralMemory, WideValidationCostsNoneAfterTheFirstOnAThread) {
     EXPECT_EQ(allocationsOf(validateAll), 0U);
 }
 
-/// Lets the first call on a fresh thread fail at each of its allocations in turn, and has the next
-/// one do the work.
+/// Makes the first call on a new thread fail at each of its allocations in turn; the next call must
+/// succeed.
 void expectSecondTryToWork(const std::function<bool()>& works) {
     bool hasFailed = true;
     for (std::size_t allowed = 0; hasFailed; ++allowed) {
@@ -80,7 +80,7 @@ void expectSecondTryToWork(const std::function<bool()>& works) {
     }
 }
 
-TEST(LiteralMemory, CompilationThatFailsIsTriedAgain) {
+TEST(LiteralParsingMemory, CompilationThatFailsIsTriedAgain) {
     constexpr auto VALID = LiteralValidationResult::Valid;
     expectSecondTryToWork([] { return validateBinaryLiteral("0b1") == VALID; });
     expectSecondTryToWork([] { return validateBinaryLiteral(u"0b1") == VALID; });
