@@ -1,4 +1,4 @@
-# A consumer who adds this folder to a build gets the library alone; developer mode adds the rest.
+# A project that adds this folder to its build gets only the library; developer mode adds the rest.
 set(CMAKE_CXX_STANDARD 17)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
@@ -17,7 +17,7 @@ option(ZT_ORVEX_BUILD_FUZZERS "Build the fuzzers" OFF)
 set(ZT_ORVEX_SANITIZE "" CACHE STRING "Sanitizers to build with, such as address,undefined")
 option(ZT_ORVEX_COVERAGE "Instrument for coverage" OFF)
 
-# Programs and libraries lie side by side, so that a program finds the library where it was built.
+# Programs and libraries are in neighbouring folders, so that a program finds the library.
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
 set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")

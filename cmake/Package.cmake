@@ -1,5 +1,5 @@
-# Headers, library, find_package files and a pkg-config file. All can be moved together afterwards:
-# what they say of each other's place is relative.
+# Installs headers, library, find_package files and a pkg-config file. They name each other's places
+# relatively, so all of them together can be moved afterwards.
 option(ZT_ORVEX_INSTALL "Install the library" ${PROJECT_IS_TOP_LEVEL})
 if(NOT ZT_ORVEX_INSTALL)
     return()
@@ -27,8 +27,8 @@ install(FILES
     "${PROJECT_BINARY_DIR}/zt_orvexConfigVersion.cmake"
     DESTINATION "${package_dir}")
 
-# zt_orvex_pkg_config_place(<variable> <folder>): the folder as the pkg-config file names it, seen
-# from the file itself unless it is absolute.
+# zt_orvex_pkg_config_place(<variable> <folder>): the folder as the pkg-config file names it, relative
+# to the file itself unless the folder is absolute.
 function(zt_orvex_pkg_config_place variable folder)
     if(IS_ABSOLUTE "${folder}")
         set(${variable} "${folder}" PARENT_SCOPE)
@@ -48,8 +48,8 @@ endif()
 zt_orvex_pkg_config_place(pkg_config_libdir "${CMAKE_INSTALL_LIBDIR}")
 zt_orvex_pkg_config_place(pkg_config_includedir "${CMAKE_INSTALL_INCLUDEDIR}")
 
-# Boost has no pkg-config file to require. The public headers need its headers: where the compiler
-# doesn't look for them by itself, the flags say where they are.
+# The public headers need Boost's, for which there is no pkg-config file to require. If the compiler
+# doesn't search their folder by default, the flags name it.
 set(pkg_config_boost)
 foreach(folder IN LISTS Boost_INCLUDE_DIRS)
     if(NOT folder IN_LIST CMAKE_CXX_IMPLICIT_INCLUDE_DIRECTORIES)

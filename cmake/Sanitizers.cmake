@@ -4,7 +4,7 @@ if(ZT_ORVEX_SANITIZE)
     add_link_options(-fsanitize=${ZT_ORVEX_SANITIZE})
 endif()
 if(ZT_ORVEX_BUILD_FUZZERS AND CMAKE_CXX_COMPILER_ID MATCHES "Clang")
-    # The engine is guided by the coverage of the library, too, not only by that of the fuzzer.
+    # The engine is guided by the coverage of the library as well as by that of the fuzzer.
     add_compile_options(-fsanitize=fuzzer-no-link)
 endif()
 if(ZT_ORVEX_COVERAGE)

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Fails, and shows where, when a C++ file of the project is not formatted as .clang-format says.
-# With --fix it formats instead. Tables (*.def) are laid out by hand.
+# Fails, and shows where, if a C++ file of the project isn't formatted as .clang-format says. With
+# --fix it formats the files instead. Tables (*.def) are laid out by hand.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 

@@ -10,5 +10,5 @@ build_preset release orvex-report
 echo "== Reporting on examples/programs"
 status=0
 build/release/bin/orvex-report examples/programs/*.ost || status=$?
-# 1 says that a program has errors, and one of them is there to show that.
+# Status 1 means that a program has errors; one of the examples is there to show that.
 [ "$status" -le 1 ] || exit "$status"

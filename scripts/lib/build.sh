@@ -1,7 +1,7 @@
-# Sourced by the scripts beside this folder: configures and builds a preset.
+# Sourced by the scripts in the parent folder: configures, builds and tests a preset.
 
-# How many jobs at a time: one for each processor, but none with less than a gigabyte of memory,
-# for the tests and the optimised templates need that much.
+# How many jobs to run at a time: one for each processor, but no more than there are gigabytes of
+# memory, since the tests and the optimised templates need that much.
 job_count() {
     local processors memory_kib by_memory
     processors=$(nproc)
@@ -11,7 +11,7 @@ job_count() {
     echo $((processors < by_memory ? processors : by_memory))
 }
 
-# build_preset PRESET [TARGET...]: from the root of the tree; all targets when none is named.
+# build_preset PRESET [TARGET...]: builds, from the root of the tree, all targets if none is named.
 build_preset() {
     local preset=$1
     shift

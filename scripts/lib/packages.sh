@@ -1,6 +1,6 @@
-# Sourced by the scripts beside this folder: what they need from Debian 12, and how to get it.
+# Sourced by the scripts in the parent folder: the packages of Debian 12 that they need.
 
-# One package a line, with what it is for. These build and test the library.
+# The packages that building and testing the library takes: one a line, with its purpose.
 BUILD_PACKAGES='
 g++                 the compiler
 cmake               describes the build
@@ -16,7 +16,7 @@ abigail-tools       the test that compares the binary interface with its descrip
 python3             generates two headers from the table of kinds, and prunes that description
 '
 
-# Continuous integration wants these, too.
+# What continuous integration needs in addition.
 CI_PACKAGES='
 clang               a second compiler with warnings of its own
 libclang-rt-14-dev  its sanitizers, for the fuzzers
@@ -31,13 +31,13 @@ package_names() {
     awk 'NF { print $1 }' <<<"$1"
 }
 
-# Whether dpkg has installed the package. The presence of a tool would tell less: a header-only
-# library has none, and a tool can come from elsewhere and be of another version.
+# Whether the package is installed. Looking for a tool wouldn't do: a header-only library has none,
+# and a tool can come from elsewhere in another version.
 is_installed() {
     [ "$(dpkg-query --show --showformat='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
 }
 
-# Runs a command as root: as it is, or under sudo.
+# Runs a command as root, under sudo if necessary.
 as_root() {
     if [ "$(id -u)" -eq 0 ]; then
         "$@"
@@ -46,12 +46,12 @@ as_root() {
     fi
 }
 
-# Installs what is missing of the packages in a list such as BUILD_PACKAGES. Touches nothing, and
-# needs neither root nor network, when nothing is.
+# Installs the missing packages of a list such as BUILD_PACKAGES. If none is missing, it changes
+# nothing and needs neither root nor network.
 ensure_packages() {
     local missing=() name
     if ! command -v dpkg-query >/dev/null; then
-        echo "This is no Debian system; going on in the hope that these are here:" >&2
+        echo "This isn't a Debian system. Continuing on the assumption that these are installed:" >&2
         awk 'NF { print "  " $0 }' <<<"$1" >&2
         return 0
     fi
@@ -61,7 +61,7 @@ ensure_packages() {
     [ ${#missing[@]} -gt 0 ] || return 0
 
     if [ "$(id -u)" -ne 0 ] && ! command -v sudo >/dev/null; then
-        echo "Missing packages, and neither root nor sudo to install them. As root, run:" >&2
+        echo "Packages are missing, and there is neither root nor sudo to install them. As root, run:" >&2
         echo "  apt-get update && apt-get install ${missing[*]}" >&2
         return 1
     fi
@@ -69,7 +69,7 @@ ensure_packages() {
     if ! { as_root apt-get update &&
         as_root env DEBIAN_FRONTEND=noninteractive \
             apt-get install --yes --no-install-recommends "${missing[@]}"; }; then
-        echo "Could not install ${missing[*]}. They are part of Debian 12; see the message above." >&2
+        echo "Could not install ${missing[*]}, which are part of Debian 12. See the message above." >&2
         return 1
     fi
 }

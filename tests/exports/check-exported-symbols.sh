@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# check-exported-symbols.sh LIBRARY LIST: fails, and shows the difference, when the library does
-# not export exactly what the list holds.
+# check-exported-symbols.sh LIBRARY LIST: fails, and shows the difference, unless the library exports
+# exactly what is listed.
 set -euo pipefail
 folder=$(dirname "${BASH_SOURCE[0]}")
 
