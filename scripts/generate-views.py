@@ -116,15 +116,15 @@ def defaults(kinds, operations):
         lines += [f"    // {kind.name}"] if own else []
         for part in own:
             bodies = {"MAYBE": "return {};", "HELD": "return {};",
-                      "EACH": f"return emptyRange<{part.type}>();"}
+                      "EACH": "return {EMPTY_RANGE, 0, this};"}
             of = " or ".join(owners[part.accessor])
-            lines += function(f"{part.type} {part.accessor}(std::uint64_t) const override",
+            lines += function(f"{part.type} {part.accessor}(Handle) const override",
                               bodies.get(part.form, f'missing("{part.accessor} of {of}");'))
         lines += [""] if own else []
     lines += ["    // Reserved"]
     for operation in operations.values():
         if operation.group == "Reserved":
-            argument = "std::uint64_t" if operation.parameters else ""
+            argument = "Handle" if operation.parameters else ""
             lines += function(f"{operation.result} {operation.name}({argument}) const override",
                               "return 0;")
     return lines + [""]
