@@ -4,7 +4,6 @@ cmake_minimum_required(VERSION 3.22)
 set(first_place "${WORK_DIR}/first")
 set(prefix "${WORK_DIR}/moved here")
 set(consumer_dir "${SOURCE_DIR}/tests/install/consumer")
-set(base_dir "${SOURCE_DIR}/examples/base")
 set(expected_output "consumer: all as expected\n")
 
 # Runs a command that must succeed.
@@ -30,7 +29,6 @@ function(configure_consumer source build)
             -D "CMAKE_CXX_COMPILER=${COMPILER}"
             -D "CMAKE_CXX_FLAGS=${FLAGS}"
             -D "CMAKE_PREFIX_PATH=${prefix}"
-            -D "BASE_DIR=${base_dir}"
             -D "ZT_ORVEX_SOURCE_DIR=${SOURCE_DIR}"
             ${ARGN}
         RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
@@ -101,7 +99,7 @@ function(step_pkg_config)
         OUTPUT_VARIABLE libdir OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
     separate_arguments(rpath UNIX_COMMAND "-Wl,-rpath,${libdir}")
     set(program "${WORK_DIR}/pkg_config_consumer")
-    run("${COMPILER}" -std=c++17 "${consumer_dir}/main.cpp" "-I${base_dir}" -o "${program}"
+    run("${COMPILER}" -std=c++17 "${consumer_dir}/main.cpp" -o "${program}"
         ${flags} ${rpath})
     run_consumer("${program}")
 endfunction()
