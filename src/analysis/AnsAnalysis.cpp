@@ -1,6 +1,8 @@
 #include <zt_orvex/analysis/AnsAnalysis.h>
 
 #include <zt_orvex/analysis/TransparentLiveVariablesAnalyzerView.h>
+#include <zt_orvex/ast/TypedViews.h>
+#include <zt_orvex/flow/OrderedSet.h>
 
 #include <utility>
 

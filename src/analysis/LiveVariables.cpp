@@ -3,6 +3,7 @@
 #include "ast/ForEachForStatementIn.h"
 
 #include <zt_orvex/analysis/TransparentLiveVariablesAnalyzerView.h>
+#include <zt_orvex/ast/TypedViews.h>
 
 #include <utility>
 

@@ -2,11 +2,18 @@
 
 #include <zt_orvex/ast/NodeView.h>
 #include <zt_orvex/ast/SymbolView.h>
-#include <zt_orvex/ast/TypedViews.h>
 #include <zt_orvex/support/Export.h>
 
 #include <functional>
 #include <string>
+
+namespace zt::orvex {
+
+// In ast/TypedViews.h, for whoever calls.
+class ParforStatementView;
+class SpmdStatementView;
+
+} // namespace zt::orvex
 
 namespace zt::orvex::flow {
 

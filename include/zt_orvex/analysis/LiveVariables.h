@@ -2,13 +2,20 @@
 
 #include <zt_orvex/ast/NodeView.h>
 #include <zt_orvex/ast/SymbolView.h>
-#include <zt_orvex/ast/TypedViews.h>
 #include <zt_orvex/flow/OrderedSet.h>
 #include <zt_orvex/support/Export.h>
 
 #include <functional>
 #include <string>
 #include <unordered_set>
+
+namespace zt::orvex {
+
+// In ast/TypedViews.h, for whoever calls.
+class ParforStatementView;
+class SpmdStatementView;
+
+} // namespace zt::orvex
 
 namespace zt::orvex::flow {
 
