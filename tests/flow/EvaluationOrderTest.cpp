@@ -260,7 +260,7 @@ TEST_P(SolverRandom, AgreesWithPlainSolverInValuesAndSweeps) {
 }
 
 /// Loops in a row, as a backward analysis writes them in source order: `liveIn` of a node reads its
-/// `liveOut`, `liveOut` reads `liveIn` of the successors. One element is read behind the last loop.
+/// `liveOut`, `liveOut` reads `liveIn` of the successors. One element is read after the last loop.
 PlainSystem loopsInARow(int loops) {
     PlainSystem plain;
     std::vector<int> liveIn;

@@ -80,7 +80,7 @@ TEST(StringPool, HitGivesTheCallersOwnText) {
     EXPECT_EQ(found->size(), 3U);
 }
 
-TEST(StringPool, HitOnThreeBytesSavesEightWhateverTheValue) {
+TEST(StringPool, HitOnThreeBytesSavesEightForAnyValue) {
     StringPool pool;
     pool.poolIfShort("idx", u"a much longer text than the key");
     pool.lookup("idx");
