@@ -49,6 +49,7 @@ public:
 
 private:
     using Number = std::uint32_t; // of an equation, in order of creation
+    using Flag = std::uint8_t;    // a byte is asked faster than a bit
 
     struct Edge {
         Number reader;
@@ -78,12 +79,12 @@ private:
 
     /// Roots of the search have the lowest numbers.
     void numberNodes() {
-        std::vector<bool> isRead(equations.size());
+        std::vector<Flag> isRead(equations.size());
         for (const Edge& edge : edges)
             isRead[edge.definition] = true;
         graph.reserve(equations.size());
         equationOfNode.reserve(equations.size());
-        for (const bool read : {false, true}) {
+        for (const Flag read : {false, true}) {
             for (Number number = 0; number < equations.size(); ++number) {
                 if (readsOthers[number] && isRead[number] == read) addNode(number);
             }
@@ -96,7 +97,7 @@ private:
     }
 
     const EquationTable<V>& equations;
-    std::vector<bool> readsOthers; // by equation
+    std::vector<Flag> readsOthers; // by equation
     std::vector<Edge> edges;
     IndexGraph graph;
     std::vector<Number> nodeOfEquation;
