@@ -4,7 +4,6 @@
 
 #include <zt_orvex/ast/TypedViews.h>
 
-#include <array>
 #include <cstddef>
 #include <string_view>
 
@@ -37,7 +36,7 @@ private:
     }
     void ignore(NodeView) {}
 
-    static const std::array<Handler, 67> HANDLERS;
+    static const Handler HANDLERS[]; // By kind.
 
     // Lines
 
@@ -450,7 +449,7 @@ private:
     std::size_t indent = 0;
 };
 
-const std::array<Printer::Handler, 67> Printer::HANDLERS{
+const Printer::Handler Printer::HANDLERS[] = {
     &Printer::ignore,
 #define ZT_ORVEX_NODE_KIND(Name, Class) &Printer::handle<Name##View>,
 #include <zt_orvex/ast/NodeKinds.def>
