@@ -49,7 +49,7 @@ std::u16string quote(boost::basic_string_ref<char16_t> text, char16_t quoteChar)
 std::size_t unquote(char16_t* text, std::size_t length, char16_t quoteChar) {
     if (!fitsInAddressSpace(text, length)) return std::numeric_limits<std::size_t>::max();
     bool inQuote = false;
-    std::int32_t depth = 0;
+    std::int64_t depth = 0; // with 32 bits, 2^31 brackets would wrap it to the other sign
     std::size_t write = 0;
     // The terminating zero takes part as the last character.
     for (std::size_t read = 0; read <= length; ++read) {
