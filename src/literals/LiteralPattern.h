@@ -9,6 +9,10 @@
 namespace zt::orvex::internal {
 
 /// One regular expression for 8-bit and 16-bit text. Both forms are always compiled.
+///
+/// The engine for 8-bit text keeps objects in static storage, which are destroyed when the process
+/// ends, perhaps before a caller's static objects. From then on nothing touches the engine: only the
+/// 16-bit form is compiled, and 8-bit text is widened for it.
 class LiteralPattern {
 public:
     /// Compiles `narrowPattern`, in Perl syntax, for 8-bit text and `widePattern` for 16-bit text.

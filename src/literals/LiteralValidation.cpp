@@ -19,13 +19,38 @@ std::size_t widthOf(std::basic_string_view<CharT> suffix) {
     return 64;
 }
 
+// Whether this thread has begun to destroy its patterns. Destructors of thread-local objects, and on
+// the main thread those of static objects, run after that and may validate literals. The flag has no
+// destructor itself, so they can still read it.
+thread_local bool patternsAreGone = false;
+
+struct ThreadPattern : LiteralPattern {
+    using LiteralPattern::LiteralPattern;
+    ~ThreadPattern() { patternsAreGone = true; }
+};
+
 // The patterns are local to the functions: each function has one for each thread, compiled by the
 // thread's first call. If that call runs out of memory, the next one tries again.
 
 template <class Radix, class CharT>
+bool isWellFormedInteger(std::basic_string_view<CharT> text) {
+    if (patternsAreGone) return LiteralPattern(Radix::PATTERN, Radix::PATTERN).matches(text);
+    thread_local const ThreadPattern pattern(Radix::PATTERN, Radix::PATTERN);
+    return pattern.matches(text);
+}
+
+template <class CharT>
+bool isWellFormedDouble(std::basic_string_view<CharT> text) {
+    if (patternsAreGone) {
+        return LiteralPattern(NARROW_DOUBLE_PATTERN, WIDE_DOUBLE_PATTERN).matches(text);
+    }
+    thread_local const ThreadPattern pattern(NARROW_DOUBLE_PATTERN, WIDE_DOUBLE_PATTERN);
+    return pattern.matches(text);
+}
+
+template <class Radix, class CharT>
 LiteralValidationResult validateInteger(std::basic_string_view<CharT> text) {
-    thread_local const LiteralPattern pattern(Radix::PATTERN, Radix::PATTERN);
-    if (!pattern.matches(text)) return LiteralValidationResult::Malformed;
+    if (!isWellFormedInteger<Radix>(text)) return LiteralValidationResult::Malformed;
     const LiteralParts<CharT> parts = splitLiteral(text);
     return parts.digits.size() <= digitsThatFit<Radix>(widthOf(parts.suffix))
                ? LiteralValidationResult::Valid
@@ -34,9 +59,8 @@ LiteralValidationResult validateInteger(std::basic_string_view<CharT> text) {
 
 template <class CharT>
 LiteralValidationResult validateDouble(std::basic_string_view<CharT> text) {
-    thread_local const LiteralPattern pattern(NARROW_DOUBLE_PATTERN, WIDE_DOUBLE_PATTERN);
-    return pattern.matches(text) ? LiteralValidationResult::Valid
-                                 : LiteralValidationResult::Malformed;
+    return isWellFormedDouble(text) ? LiteralValidationResult::Valid
+                                    : LiteralValidationResult::Malformed;
 }
 
 } // namespace

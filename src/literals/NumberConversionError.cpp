@@ -7,7 +7,8 @@ namespace zt::orvex::internal {
 namespace {
 
 const std::string& getMessageStart() {
-    static const std::string start = "Conversion failed converting '";
+    // Never destroyed, so that destructors of static objects may parse literals.
+    static const auto& start = *new std::string("Conversion failed converting '");
     return start;
 }
 

@@ -28,8 +28,13 @@ enum class LiteralValidationResult {
 // the same answer for 8-bit and 16-bit text; 16-bit text is faster, since 8-bit text runs through a
 // general regular expression.
 //
-// Any thread may call them. The first call of each function on a thread compiles its expression.
-// That alone can throw, std::bad_alloc, and the next call then tries again.
+// Any thread may call them. The first call of each function on a thread compiles its expression,
+// and compiling takes a lock of the regular-expression library for a moment: a process that forks
+// meanwhile can leave its child with the lock held. Only that first call, and any call for 8-bit
+// text, can throw, std::bad_alloc, and the next call then tries again.
+//
+// Destructors of static and thread-local objects may call them, too. Once the thread's expressions
+// have been destroyed, each call compiles its own.
 //
 //   if (validateHexLiteral(text) == LiteralValidationResult::Valid)
 //       value = parseHexLiteral(text);
