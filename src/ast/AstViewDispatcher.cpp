@@ -6,6 +6,7 @@ namespace zt::orvex::internal {
 
 std::string composeUnhandledKind(NodeKind kind) {
     std::ostringstream message;
+    message.exceptions(std::ios_base::badbit); // a failed allocation must not shorten the text
     message << "Unhandled node kind \"" << kind << "\" encountered in AstViewDispatcher.";
     return message.str();
 }

@@ -58,6 +58,7 @@ const char16_t* spellingOf(const Spellings<Operator>& spellings, Operator op) {
 template <class Operator>
 std::string toUtf8(Operator op) {
     std::basic_ostringstream<char16_t> stream;
+    stream.exceptions(std::ios_base::badbit); // a failed allocation must not shorten the text
     stream.imbue(getChar16Locale());
     stream << op;
     return internal::utf16ToUtf8(stream.str());

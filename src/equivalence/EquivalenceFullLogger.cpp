@@ -16,32 +16,59 @@ namespace {
 ///
 /// Inserting the failed level's text into the stream instead would copy the path to a mismatch at
 /// each level of the path, which is quadratic in the depth.
-struct Level : std::ostringstream {
-    void finishPiece() {
-        pieces.push_back(str());
-        str(std::string());
+///
+/// A stream that runs out of memory may have kept the beginning of what was written. `length` tells
+/// how much of it counts, so that an operation that throws leaves no trace.
+class Level : public std::ostringstream {
+public:
+    Level() { exceptions(badbit); }
+
+    /// Has no effect if it throws.
+    void append(const std::string& addition) {
+        clear(); // a failure of the past
+        seekp(length);
+        write(addition.data(), static_cast<std::streamsize>(addition.size()));
+        length += static_cast<std::streamsize>(addition.size());
     }
 
-    void adopt(Level& failed) {
-        finishPiece();
-        failed.finishPiece();
-        pieces.splice(pieces.end(), failed.pieces);
+    /// Ends this level with `verdict`, and moves its text into the parent, whose line it ends first.
+    /// Has no effect if it throws.
+    void failInto(Level& parent, const std::string& verdict) {
+        std::list<std::string> parentText{parent.streamText() + "\n"};
+        std::list<std::string> ownText{streamText() + verdict};
+        parent.str(std::string());
+        parent.length = 0;
+        parent.pieces.splice(parent.pieces.end(), parentText);
+        parent.pieces.splice(parent.pieces.end(), pieces);
+        parent.pieces.splice(parent.pieces.end(), ownText);
     }
 
     std::string getText() const {
         std::string text;
         for (const std::string& piece : pieces)
             text += piece;
-        return text + str();
+        return text + streamText();
     }
 
+private:
+    std::string streamText() const { return str().substr(0, static_cast<std::size_t>(length)); }
+
     std::list<std::string> pieces;
+    std::streamsize length = 0;
 };
 
 Level& asLevel(std::ostringstream& log) { return static_cast<Level&>(log); }
 
-void writeStringsHead(std::ostream& log, std::u16string_view first, std::u16string_view second) {
-    log << "Matching strings [" << utf16ToUtf8(first) << "] and [" << utf16ToUtf8(second) << "]";
+std::string matchingStrings(std::u16string_view first, std::u16string_view second) {
+    return "Matching strings [" + utf16ToUtf8(first) + "] and [" + utf16ToUtf8(second) + "]";
+}
+
+/// As a stream inserts it, which depends on the global locale.
+std::string toText(unsigned number) {
+    std::ostringstream stream;
+    stream.exceptions(std::ios_base::badbit);
+    stream << number;
+    return stream.str();
 }
 
 } // namespace
@@ -50,9 +77,10 @@ EquivalenceFullLogger::EquivalenceFullLogger() { clear(); }
 EquivalenceFullLogger::~EquivalenceFullLogger() = default;
 
 void EquivalenceFullLogger::clear() {
+    std::vector<std::unique_ptr<std::ostringstream>> fresh;
+    fresh.push_back(std::make_unique<Level>());
+    logStack = std::move(fresh);
     nestingDepth = 0;
-    logStack.clear();
-    logStack.push_back(std::make_unique<Level>());
 }
 
 // Head lines are left unfinished: doneMatching decides how each one ends.
@@ -60,48 +88,40 @@ void EquivalenceFullLogger::clear() {
 void EquivalenceFullLogger::startNewMatch() {}
 
 void EquivalenceFullLogger::beginMatching(const std::string& first, const std::string& second) {
-    currentLog() << indent() << "Matching " << first << " against " << second;
-    beginNested();
+    openLevel("Matching " + first + " against " + second);
 }
 
-// The overloads share only a function that isn't virtual: a subclass that overrides one of them
+// The overloads share only functions that aren't virtual: a subclass that overrides one of them
 // must not hear of calls to the other.
 
 void EquivalenceFullLogger::beginMatchingStrings(std::u16string_view first,
                                                  std::u16string_view second) {
-    writeStringsHead(currentLog() << indent(), first, second);
-    beginNested();
+    openLevel(matchingStrings(first, second));
 }
 
 void EquivalenceFullLogger::beginMatchingStrings(boost::basic_string_ref<char16_t> first,
                                                  boost::basic_string_ref<char16_t> second) {
-    writeStringsHead(currentLog() << indent(), std::u16string_view(first.data(), first.size()),
-                     std::u16string_view(second.data(), second.size()));
-    beginNested();
+    openLevel(matchingStrings({first.data(), first.size()}, {second.data(), second.size()}));
 }
 
-void EquivalenceFullLogger::beginMatchingRange() {
-    currentLog() << indent() << "Matching boost::iterator_range";
-    beginNested();
-}
+void EquivalenceFullLogger::beginMatchingRange() { openLevel("Matching boost::iterator_range"); }
 
 void EquivalenceFullLogger::beginMatchingIntroductionNodes() {
-    currentLog() << indent() << "Matching introduction nodes";
-    beginNested();
+    openLevel("Matching introduction nodes");
 }
 
 void EquivalenceFullLogger::beginMatchingMemoryAddressesOfIntroductionNodes() {
-    currentLog() << indent() << "Matching memory addresses of introduction nodes";
-    beginNested();
+    openLevel("Matching memory addresses of introduction nodes");
 }
 
 void EquivalenceFullLogger::log(const char* message) {
-    currentLog() << indent() << "-> " << message << std::endl;
+    asLevel(currentLog()).append(indent() + "-> " + message + "\n");
 }
 
 void EquivalenceFullLogger::logRangeIndex(unsigned index) {
-    currentLog() << indent() << "-> Matching nodes at index " << index
-                 << " of boost::iterator_range" << std::endl;
+    asLevel(currentLog())
+        .append(indent() + "-> Matching nodes at index " + toText(index) +
+                " of boost::iterator_range\n");
 }
 
 void EquivalenceFullLogger::logMismatchedNodes(const std::string&, const std::string&, NodeKind,
@@ -117,32 +137,39 @@ void EquivalenceFullLogger::logMismatchedIntroductionNodes(
     const std::string& firstIdentifier, const std::string& firstIntroductionNode,
     const std::string& secondIdentifier, const std::string& secondIntroductionNode) {
     const std::string margin = indent();
-    currentLog() << margin << "Introduction nodes do not match" << std::endl
-                 << margin << "    Identifier in first tree:         " << firstIdentifier
-                 << std::endl
-                 << margin << "    Introduction node in first tree:  " << firstIntroductionNode
-                 << std::endl
-                 << margin << "    Identifier in second tree:        " << secondIdentifier
-                 << std::endl
-                 << margin << "    Introduction node in second tree: " << secondIntroductionNode
-                 << std::endl;
+    asLevel(currentLog())
+        .append(margin + "Introduction nodes do not match\n" + margin +
+                "    Identifier in first tree:         " + firstIdentifier + "\n" + margin +
+                "    Introduction node in first tree:  " + firstIntroductionNode + "\n" + margin +
+                "    Identifier in second tree:        " + secondIdentifier + "\n" + margin +
+                "    Introduction node in second tree: " + secondIntroductionNode + "\n");
 }
 
 void EquivalenceFullLogger::doneMatching(bool matched) {
+    Level& level = asLevel(currentLog());
+    Level& parent = asLevel(*logStack[nestingDepth - 1]);
     if (matched) {
-        endNested();
-        currentLog() << " - OK" << std::endl;
-        return;
+        parent.append(" - OK\n");
+    } else {
+        level.failInto(parent, indent() +
+                                   "-> NODES DO NOT MATCH < < < < < < < < < < < < < < < < < < < < "
+                                   "\n");
     }
-    currentLog() << indent() << "-> NODES DO NOT MATCH < < < < < < < < < < < < < < < < < < < < "
-                 << std::endl;
-    const std::unique_ptr<std::ostringstream> failed = std::move(logStack.back());
     endNested();
-    currentLog() << std::endl;
-    asLevel(currentLog()).adopt(asLevel(*failed));
 }
 
 std::string EquivalenceFullLogger::getLog() const { return asLevel(currentLog()).getText(); }
+
+void EquivalenceFullLogger::openLevel(const std::string& head) {
+    const std::string line = indent() + head;
+    beginNested();
+    try {
+        asLevel(*logStack[nestingDepth - 1]).append(line);
+    } catch (...) {
+        endNested();
+        throw;
+    }
+}
 
 void EquivalenceFullLogger::beginNested() {
     logStack.push_back(std::make_unique<Level>());

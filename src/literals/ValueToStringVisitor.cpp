@@ -12,10 +12,13 @@ namespace zt::orvex::internal {
 
 namespace {
 
+// A stream turns a failed allocation into a shorter text, unless `badbit` throws.
+
 template <class Integer>
 std::string toHexLiteral(Integer value, const char* suffix) {
     using Bits = std::make_unsigned_t<Integer>;
     std::ostringstream stream;
+    stream.exceptions(std::ios_base::badbit);
     // Under a global locale that groups digits the text wouldn't read back.
     stream.imbue(std::locale::classic());
     stream << "0x" << std::setfill('0') << std::setw(std::numeric_limits<Bits>::digits / 4)
@@ -58,6 +61,7 @@ std::string ValueToStringVisitor::visit(unsigned long long value) const {
 // drop. The step states the form of the text independently of the format that precedes it.
 std::string ValueToStringVisitor::visit(double value) const {
     std::ostringstream stream;
+    stream.exceptions(std::ios_base::badbit);
     stream << std::setprecision(15) << value;
     return dropTrailingZeros(stream.str());
 }

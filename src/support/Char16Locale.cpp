@@ -169,6 +169,7 @@ protected:
 /// first number would race. Format one here, while no other thread can see the locale.
 void fillCacheOf(const std::locale& locale) {
     std::basic_ostringstream<char16_t> stream;
+    stream.exceptions(std::ios_base::badbit); // no locale without its cache
     stream.imbue(locale);
     stream << 0;
 }
@@ -184,7 +185,8 @@ std::locale makeChar16Locale() {
 } // namespace
 
 const std::locale& getChar16Locale() {
-    static const std::locale locale = makeChar16Locale();
+    // Never destroyed, so that destructors of static objects may use the locale.
+    static const auto& locale = *new std::locale(makeChar16Locale());
     return locale;
 }
 

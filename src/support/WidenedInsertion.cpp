@@ -60,6 +60,7 @@ bool canInsertNumbers(const std::basic_ostream<char16_t>& stream) {
 
 std::ostringstream makeNarrowTwin(const std::basic_ostream<char16_t>& stream) {
     std::ostringstream twin;
+    twin.exceptions(std::ios_base::badbit); // a failed allocation must not shorten the text
     twin.imbue(stream.getloc());
     twin.flags(stream.flags());
     twin.precision(stream.precision());

@@ -17,6 +17,9 @@ namespace zt::orvex::internal {
 /// indentation alone makes the report of d nested failures about 4 d^2 bytes long.
 ///
 /// UTF-16 strings are written as UTF-8.
+///
+/// Every operation but the constructor throws std::bad_alloc where memory runs out, and then has had
+/// no effect: the same call may be tried again.
 class ZT_ORVEX_EXPORT EquivalenceFullLogger : public EquivalenceLogger {
 public:
     /// Makes an empty log with no open level.
@@ -38,6 +41,8 @@ public:
     void beginMatchingRange() override;
     void beginMatchingIntroductionNodes() override;
     void beginMatchingMemoryAddressesOfIntroductionNodes() override;
+
+    /// `message` must not be null.
     void log(const char* message) override;
     void logRangeIndex(unsigned index) override;
 
@@ -56,13 +61,14 @@ public:
                                         const std::string& secondIdentifier,
                                         const std::string& secondIntroductionNode) override;
 
-    /// Precondition: a level is open. Otherwise the logger is unusable afterwards.
+    /// Precondition: a level is open. That isn't checked, and the logger is unusable otherwise.
     void doneMatching(bool matched) override;
 
     /// The whole report, or only the text of the innermost level so far if one is open.
     std::string getLog() const override;
 
 private:
+    void openLevel(const std::string& head);
     void beginNested();
     void endNested();
     std::ostringstream& currentLog() const;
