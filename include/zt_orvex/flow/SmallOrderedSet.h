@@ -2,36 +2,31 @@
 
 #include <zt_orvex/flow/internal/HashIndex.h>
 
-#include <boost/container/small_vector.hpp>
-
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <utility>
+#include <vector>
 
 namespace zt::orvex::flow {
 
-/// A set of values that are cheap to copy, iterated in order of first insertion, regardless of
-/// their addresses.
+/// A set of values that are cheap to copy and to default-construct, iterated in order of first
+/// insertion, regardless of their addresses.
 ///
 /// Up to four elements are kept in place and searched one by one, without allocation; a larger set
-/// adds a hash index.
+/// has an array and a hash index.
 template <typename T>
 class SmallOrderedSet {
 public:
     /// Does nothing when `element` is a member already. If it throws, the set is unchanged.
     void insert(T element) {
         if (contains(element)) return;
-        if (elements.size() >= IN_PLACE) index.reserve(elements.size() + 1);
-        elements.push_back(element);
-        if (elements.size() == IN_PLACE + 1) {
-            for (std::size_t place = 0; place < elements.size(); ++place)
-                enter(place);
-        } else if (elements.size() > IN_PLACE) {
-            enter(elements.size() - 1);
-        }
+        reserve(count + 1);
+        append(element);
     }
 
+    /// If it throws, the elements before the one that failed have been inserted.
     template <typename Range>
     void insertAll(const Range& others) {
         for (const T& other : others)
@@ -39,41 +34,69 @@ public:
     }
 
     /// Adds all of `others`, and empties it. The smaller set goes into the larger, which then comes
-    /// first in the order: merging many sets into one stays cheap however often it is done.
+    /// first in the order: merging many sets into one stays cheap however often it is done. If it
+    /// throws, both sets are unchanged.
     void merge(SmallOrderedSet& others) {
         if (&others == this) return;
-        if (others.size() > size()) std::swap(*this, others);
+        const bool isSmaller = others.size() > size();
+        (isSmaller ? others : *this).reserve(size() + others.size());
+        // Nothing can fail from here on.
+        if (isSmaller) std::swap(*this, others);
         insertAll(others);
         others.clear();
     }
 
     bool contains(T element) const {
-        if (elements.size() > IN_PLACE) {
-            const auto isAt = [&](std::uint64_t place) { return elements[place] == element; };
-            return index.find(Index::keyOf(element), isAt) != Index::NONE;
-        }
-        return std::find(elements.begin(), elements.end(), element) != elements.end();
+        if (count <= IN_PLACE) return std::find(begin(), end(), element) != end();
+        const auto isAt = [&](std::uint64_t place) { return many[place] == element; };
+        return index.find(Index::keyOf(element), isAt) != Index::NONE;
     }
 
     void clear() {
         // A fresh index: clearing one that was large costs its whole table every time.
-        if (elements.size() > IN_PLACE) index = {};
-        elements.clear();
+        if (count > IN_PLACE) index = {};
+        many.clear();
+        count = 0;
     }
 
-    std::size_t size() const { return elements.size(); }
-    bool empty() const { return elements.empty(); }
-    auto begin() const { return elements.begin(); }
-    auto end() const { return elements.end(); }
+    std::size_t size() const { return count; }
+    bool empty() const { return count == 0; }
+    const T* begin() const { return count <= IN_PLACE ? few.data() : many.data(); }
+    const T* end() const { return begin() + count; }
 
 private:
     using Index = internal::HashIndex<T>;
     static constexpr std::size_t IN_PLACE = 4;
 
-    void enter(std::size_t place) { index.insert(Index::keyOf(elements[place]), place); }
+    /// Makes room for `total` elements, so that `append` can't fail.
+    void reserve(std::size_t total) {
+        if (total <= IN_PLACE) return;
+        index.reserve(total);
+        if (total > many.capacity()) many.reserve(std::max(total, 2 * many.capacity()));
+    }
 
-    boost::container::small_vector<T, IN_PLACE> elements;
-    Index index; // of the elements, used only beyond IN_PLACE of them
+    void append(T element) {
+        if (count < IN_PLACE) {
+            few[count++] = element;
+            return;
+        }
+        if (count == IN_PLACE) {
+            for (const T known : few)
+                appendToMany(known);
+        }
+        appendToMany(element);
+        ++count;
+    }
+
+    void appendToMany(T element) {
+        index.insert(Index::keyOf(element), many.size());
+        many.push_back(element);
+    }
+
+    std::size_t count = 0;
+    std::array<T, IN_PLACE> few{}; // the elements, while there are at most so many
+    std::vector<T> many;           // the elements, when there are more
+    Index index;                   // of `many`
 };
 
 } // namespace zt::orvex::flow
