@@ -10,8 +10,8 @@ StringPool::~StringPool() = default;
 void StringPool::poolIfShort(ConvertibleBasicStringView<char> key,
                              ConvertibleBasicStringView<char16_t> value) {
     if (key.size() > SmallString::MAX_LENGTH) return;
-    bytesPooled += SmallString::MAX_LENGTH;
     table.insert_or_assign(SmallString(packShortText(key)), value);
+    bytesPooled += SmallString::MAX_LENGTH;
 }
 
 boost::optional<ConvertibleBasicStringView<char16_t>>

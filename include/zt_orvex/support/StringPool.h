@@ -33,7 +33,8 @@ public:
     StringPool(const StringPool&) = delete;
     StringPool& operator=(const StringPool&) = delete;
 
-    /// Stores `value` under `key`, replacing an earlier value. Ignores a key that is too long.
+    /// Stores `value` under `key`, replacing an earlier value. Ignores a key that is too long. If it
+    /// throws std::bad_alloc, the pool is unchanged.
     void poolIfShort(ConvertibleBasicStringView<char> key,
                      ConvertibleBasicStringView<char16_t> value);
 
