@@ -10,11 +10,17 @@ constexpr std::size_t UNLIMITED = std::numeric_limits<std::size_t>::max();
 
 thread_local zt::orvex::testing::AllocationCounts counts{};
 thread_local std::size_t allowedAllocations = UNLIMITED;
+thread_local bool onlyOneFails = false;
+thread_local bool limitWasReached = false;
 thread_local bool noThrowFails = false;
 
 /// Null if the limit is reached or memory is.
 void* allocate(std::size_t size, std::size_t alignment = alignof(std::max_align_t)) noexcept {
-    if (allowedAllocations == 0) return nullptr;
+    if (allowedAllocations == 0) {
+        limitWasReached = true;
+        if (onlyOneFails) allowedAllocations = UNLIMITED;
+        return nullptr;
+    }
     // std::aligned_alloc takes whole multiples of the alignment.
     const std::size_t rounded = (size + alignment - 1) / alignment * alignment;
     void* const memory = alignment > alignof(std::max_align_t)
@@ -91,8 +97,14 @@ namespace zt::orvex::testing {
 
 AllocationCounts allocationCounts() { return counts; }
 
-AllocationLimit::AllocationLimit(std::size_t allowed) { allowedAllocations = allowed; }
+AllocationLimit::AllocationLimit(std::size_t allowed, Failing failing) {
+    limitWasReached = false;
+    onlyOneFails = failing == Failing::TheNext;
+    allowedAllocations = allowed;
+}
 AllocationLimit::~AllocationLimit() { allowedAllocations = UNLIMITED; }
+
+bool AllocationLimit::wasReached() const { return limitWasReached; }
 
 NoThrowAllocationFailure::NoThrowAllocationFailure() { noThrowFails = true; }
 NoThrowAllocationFailure::~NoThrowAllocationFailure() { noThrowFails = false; }

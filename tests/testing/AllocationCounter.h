@@ -37,17 +37,23 @@ std::size_t allocationsOf(Call call) {
     return costOf(call).allocations;
 }
 
-/// While it lives, every allocation of this thread fails once `allowed` have succeeded.
+/// Which allocations fail once the allowed ones have succeeded.
+enum class Failing { TheNext, AllFromThere };
+
+/// While it lives, allocations of this thread fail once `allowed` have succeeded.
 /// Limits don't nest.
 ///
 ///   const AllocationLimit limit(3);
 ///   EXPECT_THROW(makeFourObjects(), std::bad_alloc);
 class AllocationLimit {
 public:
-    explicit AllocationLimit(std::size_t allowed);
+    explicit AllocationLimit(std::size_t allowed, Failing failing = Failing::AllFromThere);
     ~AllocationLimit();
     AllocationLimit(const AllocationLimit&) = delete;
     AllocationLimit& operator=(const AllocationLimit&) = delete;
+
+    /// Whether an allocation has failed.
+    bool wasReached() const;
 };
 
 /// While it lives, every allocation of this thread by `new (std::nothrow)` yields null. All others

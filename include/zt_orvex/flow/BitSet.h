@@ -24,6 +24,9 @@ struct BitSetAccess;
 /// so it isn't safe to share even for reading. Two sets that meet in an operation must have the
 /// same universe; that isn't checked. Whole-set operations cost one pass over the words.
 ///
+/// Any operation that grows or copies can throw std::bad_alloc. Every set then has the members that
+/// it had before, though it may have grown.
+///
 ///     OrderedSet<int> universe({7, 9});
 ///     BitSet<int> set(universe);
 ///     set.add(9);  // set.getSmallestElement() == 9

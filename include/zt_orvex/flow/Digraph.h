@@ -72,7 +72,7 @@ public:
         const internal::IndexGraph::Successors* indices;
     };
 
-    /// Makes room for `count` nodes in one step.
+    /// Makes room for `count` nodes in one step. If it throws, the graph is unchanged.
     void reserve(std::uint64_t count) {
         nodes.reserve(count);
         edges.reserve(count);
@@ -89,7 +89,7 @@ public:
 
     /// Adds `from`, then `to`, then the edge. Two hash lookups; constant beside them where edges of
     /// a node are added in ascending order of their targets' indices, else linear in the node's
-    /// successors.
+    /// successors. If it throws, the ends may have become nodes, without the edge.
     void addEdge(const T& from, const T& to) {
         const std::uint64_t source = addNode(from);
         edges.addEdge(source, addNode(to));
@@ -112,7 +112,7 @@ public:
             [&](std::uint64_t node) { callback.postVisit(nodes.elementAt(node)); });
     }
 
-    /// All nodes; the last that the traversal leaves comes first.
+    /// All nodes; the last that the traversal leaves comes first. Linear in nodes and edges.
     std::shared_ptr<std::vector<T>> inReversePostOrder() const;
 
 private:

@@ -71,7 +71,7 @@ public:
     /// The index must be below `size()`; that isn't checked.
     const T& elementAt(std::uint64_t place) const { return elements[place]; }
 
-    /// Makes room for `count` elements in all, in one step.
+    /// Makes room for `count` elements in all, in one step. If it throws, the set is unchanged.
     void reserve(std::uint64_t count) {
         index.reserve(count);
         elements.reserve(count);

@@ -34,7 +34,8 @@ public:
     /// sides have been extended. An acyclic system takes two sweeps at most.
     ///
     /// Throws std::logic_error("Maximum iterations exceeded in SystemOfEquations::solve") at the
-    /// thousandth sweep; the variables then hold what it left.
+    /// thousandth sweep, and std::bad_alloc where memory runs out. The variables then hold what the
+    /// last sweep left, and it may be called again.
     ///
     /// Deliberate: every variable that has an equation starts at bottom, also where equations meet.
     /// Deliberate: a variable in its own right-hand side reads the half that is being written.

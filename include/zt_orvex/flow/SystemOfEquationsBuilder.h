@@ -53,7 +53,7 @@ public:
         });
     }
 
-    // These throw std::bad_alloc where memory runs out, and nothing has changed then.
+    // Every operation throws std::bad_alloc where memory runs out, and nothing has changed then.
 
     /// A variable that begins at bottom. One without an equation keeps that value.
     Variable<V>* createVariable(const std::string& name) {

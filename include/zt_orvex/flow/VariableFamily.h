@@ -36,7 +36,7 @@ public:
         return members.back().second;
     }
 
-    /// Makes room for `count` nodes in one step.
+    /// Makes room for `count` nodes in one step. If it throws, the family is unchanged.
     void reserve(std::size_t count) {
         cache.reserve(count);
         members.reserve(count);
