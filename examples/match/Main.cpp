@@ -9,6 +9,7 @@
 #include <CLI/CLI.hpp>
 
 #include <iostream>
+#include <new>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -67,5 +68,10 @@ int main(int argc, char** argv) {
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? EQUIVALENT : FAILED;
     }
-    return compare(first, second);
+    try {
+        return compare(first, second);
+    } catch (const std::bad_alloc&) {
+        std::cerr << "orvex-match: not enough memory\n";
+        return FAILED;
+    }
 }

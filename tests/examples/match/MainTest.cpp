@@ -1,6 +1,9 @@
+#include "testing/Random.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <fstream>
 #include <string>
 #include <sys/wait.h>
 
@@ -11,8 +14,8 @@ struct Outcome {
     std::string output; // with what goes to standard error
 };
 
-Outcome run(const std::string& arguments) {
-    const std::string command = std::string(ORVEX_MATCH_PROGRAM) + " " + arguments + " 2>&1";
+Outcome run(const std::string& arguments, const std::string& prefix = "") {
+    const std::string command = prefix + ORVEX_MATCH_PROGRAM + " " + arguments + " 2>&1";
     Outcome outcome{-1, ""};
     std::FILE* const pipe = popen(command.c_str(), "r");
     if (pipe == nullptr) return outcome;
@@ -58,6 +61,20 @@ TEST(OrvexMatch, WrongUsageExitsWith2) {
     EXPECT_EQ(run("").status, 2);
     EXPECT_EQ(run("--nonsense a b").status, 2);
 }
+
+#if !ZT_ORVEX_TEST_SANITIZED // A sanitizer reserves more address space than the limit leaves.
+TEST(OrvexMatch, TooLittleMemoryExitsWith2AndAMessage) {
+    std::string text;
+    for (int i = 0; i < 100'000; ++i)
+        text += "x = y + 1;\n";
+    const std::string path = ::testing::TempDir() + "orvex-match-long.ost";
+    std::ofstream(path) << text;
+    const Outcome outcome = run("'" + path + "' '" + path + "'", "ulimit -v 20000 && exec ");
+    std::remove(path.c_str());
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.output, "orvex-match: not enough memory\n");
+}
+#endif
 
 TEST(OrvexMatch, HelpAndVersionExitWith0) {
     EXPECT_EQ(run("--help").status, 0);
