@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <exception>
+#include <new>
 #include <set>
 #include <string>
 #include <string_view>
@@ -59,9 +60,13 @@ private:
         file.pragmas.push_back(std::move(entry));
     }
 
+    /// What the library refuses is an error of the construct, and the rest of the file is still
+    /// reported. Too little memory isn't: it ends the report on the file.
     void tryAddConstruct(const ostrel::Construct& construct) {
         try {
             addConstruct(construct);
+        } catch (const std::bad_alloc&) {
+            throw;
         } catch (const std::exception& error) {
             addFailure(construct, error.what());
         }

@@ -18,7 +18,7 @@ constexpr const char* DESCRIPTION =
     "Reports the role of each variable in the parfor and spmd statements of Ostrel source files.";
 constexpr const char* FOOTER =
     "Exit status: 0 when every file was read without an error, 1 when a file has errors,\n"
-    "2 on wrong usage or a file that cannot be read.";
+    "2 on wrong usage, a file that cannot be read, or too little memory.";
 
 std::string failureText(const CLI::App*, const CLI::Error& error) {
     return std::string("orvex-report: ") + error.what() +

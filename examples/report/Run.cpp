@@ -18,6 +18,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <new>
 #include <optional>
 #include <stdexcept>
 #include <string_view>
@@ -126,15 +127,20 @@ int run(const Options& options) {
     int status = EXIT_READ;
     Report report;
     Progress progress(options.files.size());
+    const auto leaveOut = [&](const std::string& path, const char* reason) {
+        progress.erase();
+        complain("cannot read '" + path + "': " + reason);
+        status = EXIT_CANNOT_DO;
+    };
     for (const std::string& path : options.files) {
         progress.next(path);
         try {
             report.files.push_back(reportOn(path));
             if (report.files.back().hasErrors()) status = std::max(status, EXIT_FILE_HAS_ERRORS);
         } catch (const std::runtime_error& error) {
-            progress.erase();
-            complain("cannot read '" + path + "': " + error.what());
-            status = EXIT_CANNOT_DO;
+            leaveOut(path, error.what());
+        } catch (const std::bad_alloc&) {
+            leaveOut(path, "not enough memory");
         }
     }
     progress.erase();

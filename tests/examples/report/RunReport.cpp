@@ -21,16 +21,18 @@ std::string quoted(const std::string& word) {
     return text + "'";
 }
 
-int exitStatus(int waitStatus) { return WIFEXITED(waitStatus) ? WEXITSTATUS(waitStatus) : -1; }
-
-} // namespace
-
-Outcome runReport(const std::vector<std::string>& arguments, const std::string& input,
-                  const std::string& folder) {
-    const ScratchFolder scratch;
-    std::string command = "cd " + quoted(folder) + " && " + quoted(ORVEX_REPORT_PROGRAM);
+std::string commandOf(const std::vector<std::string>& arguments) {
+    std::string command = quoted(ORVEX_REPORT_PROGRAM);
     for (const std::string& argument : arguments)
         command += " " + quoted(argument);
+    return command;
+}
+
+int exitStatus(int waitStatus) { return WIFEXITED(waitStatus) ? WEXITSTATUS(waitStatus) : -1; }
+
+/// Runs a command of the shell that ends with the program and its arguments.
+Outcome runCommand(std::string command, const std::string& input) {
+    const ScratchFolder scratch;
     command += " <" + quoted(scratch.file("input", input)) + " >" + quoted(scratch.path("output")) +
                " 2>" + quoted(scratch.path("errors"));
     Outcome outcome;
@@ -38,6 +40,17 @@ Outcome runReport(const std::vector<std::string>& arguments, const std::string& 
     outcome.output = readFile(scratch.path("output"));
     outcome.errors = readFile(scratch.path("errors"));
     return outcome;
+}
+
+} // namespace
+
+Outcome runReport(const std::vector<std::string>& arguments, const std::string& input,
+                  const std::string& folder) {
+    return runCommand("cd " + quoted(folder) + " && " + commandOf(arguments), input);
+}
+
+Outcome runReportWithin(std::size_t kib, const std::vector<std::string>& arguments) {
+    return runCommand("ulimit -v " + std::to_string(kib) + " && exec " + commandOf(arguments), "");
 }
 
 Outcome runReportAtTerminal(const std::vector<std::string>& arguments, unsigned short columns) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,9 @@ struct Outcome {
 /// Runs the built program in a folder, with `input` on its standard input.
 Outcome runReport(const std::vector<std::string>& arguments, const std::string& input = "",
                   const std::string& folder = ".");
+
+/// Runs it with that much address space, `kib` times 1024 bytes.
+Outcome runReportWithin(std::size_t kib, const std::vector<std::string>& arguments);
 
 /// Runs it at a terminal of that many columns. Standard output and standard error both go to
 /// `output`.
