@@ -1,4 +1,5 @@
-// unload LIBRARY: fails unless the library can be loaded, used, unloaded and loaded again.
+// unload LIBRARY: fails unless the library can be loaded, used, unloaded and loaded again, and stays
+// loaded while a thread has a pattern of it.
 //
 // The program isn't linked against the library: that would keep it loaded.
 #include <dlfcn.h>
@@ -7,6 +8,8 @@
 #include <cstdlib>
 #include <locale>
 #include <string>
+#include <string_view>
+#include <thread>
 #include <unordered_set>
 
 namespace {
@@ -23,13 +26,21 @@ Function* find(void* library, const char* mangledName) {
     return reinterpret_cast<Function*>(function);
 }
 
-/// Has the library build what it builds on first use, which it must destroy when it is unloaded.
+/// Has the library build what it builds on first use.
 void use(void* library) {
     const auto getLocale = find<const std::locale&()>(library, "_ZN2zt5orvex15getChar16LocaleEv");
     if (!(getLocale() == getLocale())) fail("the locale differs from itself");
     const auto getNames = find<const std::unordered_set<std::u16string>&()>(
         library, "_ZN2zt5orvex22getRestrictedExternalsB5cxx11Ev");
     if (getNames().size() != 18) fail("restricted externals are missing");
+}
+
+/// Has the calling thread make a pattern of literals, which it destroys when it ends.
+void makePatternOfThisThread(void* library) {
+    const auto validate = find<int(std::string_view)>(
+        library, "_ZN2zt5orvex8internal21validateDoubleLiteralESt17basic_string_viewIcSt11char_"
+                 "traitsIcEE");
+    if (validate("1.5") != 0) fail("1.5 isn't valid");
 }
 
 bool isLoaded(const char* name) {
@@ -49,8 +60,16 @@ int main(int argc, char** argv) {
         if (library == nullptr) fail(dlerror());
         if (!isLoaded(name)) fail("not loaded after dlopen");
         use(library);
+        std::thread([library] { makePatternOfThisThread(library); }).join();
         if (dlclose(library) != 0) fail(dlerror());
         if (isLoaded(name)) fail("still loaded after dlclose");
     }
+
+    // The destructor of this thread's pattern needs the library's code.
+    void* const library = dlopen(name, RTLD_NOW);
+    if (library == nullptr) fail(dlerror());
+    makePatternOfThisThread(library);
+    if (dlclose(library) != 0) fail(dlerror());
+    if (!isLoaded(name)) fail("unloaded while a thread has a pattern");
     return 0;
 }

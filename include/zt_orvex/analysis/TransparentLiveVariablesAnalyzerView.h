@@ -23,8 +23,10 @@ namespace zt::orvex::flow {
 ///
 /// Ownership: the universe, the tree and its `IAstView` must outlive the analyzer; the set of
 /// subscript variables and `nodePrinter` are copied. `nodePrinter` may be empty: nothing calls it.
-/// Cost: one pass over the statements and a few over their equations; heap memory in proportion to
-/// the statements, freed with the analyzer. The recursion is as deep as the tree.
+/// Cost: one pass over the statements, and over their equations one pass to sort them and at most two
+/// sweeps more than loops nest. Heap memory in proportion to the statements, and to the statements
+/// times the variables of the universe; freed with the analyzer. The recursion is as deep as the
+/// tree, and nothing checks the stack.
 ///
 /// Errors, all from the constructor: std::logic_error("Maximum iterations exceeded in
 /// SystemOfEquations::solve") for loops nested about a thousand deep;
