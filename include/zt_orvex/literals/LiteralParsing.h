@@ -32,7 +32,8 @@ using IntegerLiteralValue = boost::variant<unsigned char, unsigned short, unsign
 //     each d and D replaced by e. A double that is too large is infinity, one that is too small 0.
 //
 // Any thread may call them. Integers allocate nothing, except in the first call of each function on
-// a thread, which compiles expressions. A double costs one buffer.
+// a thread, which compiles expressions and takes a lock for a moment, as in LiteralValidation.h. A
+// double costs one buffer.
 
 /// Throws NumberConversionError; see above.
 ZT_ORVEX_EXPORT IntegerLiteralValue parseBinaryLiteral(std::basic_string_view<char> text);
