@@ -84,6 +84,22 @@ TEST(WordLoops, ArrayCombinesWithItself) {
     }
 }
 
+TEST(WordLoops, BlocksBeginAtAnyWord) {
+    Random random(1);
+    const Words source = randomWords(random, 4000, 2);
+    for (const std::size_t length : LENGTHS) {
+        for (std::size_t first = 0; first < WORDS_IN<WordBlock>; ++first) {
+            Words target(source.size());
+            std::uint64_t* const words = target.data() + first;
+            combineWords<Union>(words, source.data() + 1, length);
+            EXPECT_TRUE(areEqual(words, source.data() + 1, length)) << first;
+            EXPECT_TRUE(areContained(source.data() + 1, words, length)) << first;
+            copyWords(words, source.data(), length);
+            EXPECT_TRUE(std::equal(words, words + length, source.begin())) << first;
+        }
+    }
+}
+
 TEST(WordLoops, BitAnywhereInABlockIsSeen) {
     for (const std::size_t bit : {0u, 63u, 64u, 127u, 128u, 191u, 192u, 255u}) {
         std::uint64_t words[WORDS_IN<WordBlock>] = {};

@@ -19,8 +19,10 @@ using WordBlock = std::uint64_t __attribute__((vector_size(32)));
 template <typename Words>
 constexpr std::uint64_t WORDS_IN = sizeof(Words) / sizeof(std::uint64_t);
 
-// A block in memory lies wherever a word may.
-using WordBlockInMemory = std::uint64_t __attribute__((vector_size(32), aligned(8), may_alias));
+// A block in memory lies wherever a word may. The alignment belongs to the name: clang ignores one
+// that stands with the type, and then moves blocks by instructions that fault at other addresses.
+using WordBlockInMemory __attribute__((aligned(8), may_alias)) = WordBlock;
+static_assert(__alignof__(WordBlockInMemory) == alignof(std::uint64_t));
 
 inline void load(WordBlock& block, const std::uint64_t* words) {
     block = *reinterpret_cast<const WordBlockInMemory*>(words);
