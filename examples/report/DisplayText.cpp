@@ -1,5 +1,6 @@
 #include "report/DisplayText.h"
 
+#include "source/UnsafeCharacters.h"
 #include "source/Utf8.h"
 
 #include <algorithm>
@@ -27,11 +28,6 @@ constexpr Range WIDE[] = {
     {0xAC00, 0xD7A3},   {0xF900, 0xFAFF},   {0xFE30, 0xFE4F},   {0xFF00, 0xFF60},
     {0xFFE0, 0xFFE6},   {0x1F300, 0x1F64F}, {0x1F680, 0x1F6FF}, {0x1F900, 0x1F9FF},
     {0x1FA70, 0x1FAFF}, {0x20000, 0x3FFFD},
-};
-// C0, C1, line separators, and overrides of the direction of writing.
-constexpr Range UNSAFE[] = {
-    {0x0000, 0x001F}, {0x007F, 0x009F}, {0x061C, 0x061C},
-    {0x200E, 0x200F}, {0x2028, 0x202E}, {0x2066, 0x2069},
 };
 
 template <std::size_t size>
@@ -77,7 +73,7 @@ void appendForDisplay(DisplayText& text, char32_t character) {
     if (character == U'\t') {
         text.utf8.append(width, ' ');
     } else {
-        text.utf8 += encode(isIn(UNSAFE, character) ? char32_t{0xFFFD} : character);
+        text.utf8 += encode(isUnsafeToShow(character) ? char32_t{0xFFFD} : character);
     }
     text.width += width;
 }

@@ -1,5 +1,6 @@
 #include "syntax/ParserState.h"
 
+#include "source/UnsafeCharacters.h"
 #include "source/Utf8.h"
 
 #include <algorithm>
@@ -20,6 +21,13 @@ const char* spelling(TokenKind bracket) {
     default:
         return "{";
     }
+}
+
+/// A piece of source text for a message, which may end up on a terminal.
+std::string shown(std::u16string_view text) {
+    std::u16string units(text);
+    std::replace_if(units.begin(), units.end(), isUnsafeToShow, u'\xFFFD');
+    return toUtf8(units);
 }
 
 /// Updates a stack of open brackets with a token.
@@ -204,8 +212,8 @@ std::string ParserState::found() const {
         return "an unclosed quoted text";
     default: {
         const std::u16string_view token = text(current);
-        if (token.size() > LONGEST) return "'" + toUtf8(token.substr(0, LONGEST)) + "...'";
-        return "'" + toUtf8(token) + "'";
+        if (token.size() > LONGEST) return "'" + shown(token.substr(0, LONGEST)) + "...'";
+        return "'" + shown(token) + "'";
     }
     }
 }

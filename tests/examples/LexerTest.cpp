@@ -117,5 +117,11 @@ TEST(Lexer, UnknownCharactersAreErrors) {
               "1:5: expected an expression, found '\xF0\x9F\x99\x82'\n");
 }
 
+TEST(Lexer, MessagesNameNoCharacterThatATerminalObeys) {
+    EXPECT_EQ(errors("x = \x1B;"), "1:5: expected an expression, found '\xEF\xBF\xBD'\n");
+    EXPECT_EQ(errors("x = 1 'a\x1B[2J\xE2\x80\xAE';"),
+              "1:7: expected the end of the statement, found ''a\xEF\xBF\xBD[2J\xEF\xBF\xBD''\n");
+}
+
 } // namespace
 } // namespace ostrel
