@@ -45,10 +45,25 @@ class Random {
 public:
     explicit Random(std::uint64_t seedToUse = getSeed()) : seed(seedToUse), engine(seedToUse) {}
 
-    std::uint64_t next() { return engine(); }
+    /// Draws the numbers from the bytes, which must outlive it, so that the input of a fuzzer decides
+    /// what is random. A number takes as few bytes as its limit needs. After the last byte all
+    /// numbers are 0.
+    Random(const std::uint8_t* bytes, std::size_t size)
+        : seed(0), drawsFromBytes(true), nextByte(bytes), endOfBytes(bytes + size) {}
 
-    /// Below `limit`, which must not be 0. The bias is at most `limit` / 2^64.
-    std::size_t below(std::size_t limit) { return static_cast<std::size_t>(next() % limit); }
+    std::uint64_t next() { return drawsFromBytes ? take(8) : engine(); }
+
+    /// Below `limit`, which must not be 0. The bias is at most `limit` / 2^64, except from bytes.
+    std::size_t below(std::size_t limit) {
+        if (!drawsFromBytes) return static_cast<std::size_t>(engine() % limit);
+        return static_cast<std::size_t>(take(limit <= 0x100     ? 1
+                                             : limit <= 0x10000 ? 2
+                                                                : 8) %
+                                        limit);
+    }
+
+    /// Whether numbers come from bytes and all bytes have been drawn.
+    bool isUsedUp() const { return drawsFromBytes && nextByte == endOfBytes; }
 
     /// From `first` to `last`, inclusive.
     std::size_t between(std::size_t first, std::size_t last) {
@@ -69,8 +84,18 @@ public:
     std::string describe() const { return "ZT_ORVEX_TEST_SEED=" + std::to_string(seed); }
 
 private:
+    std::uint64_t take(int count) {
+        std::uint64_t number = 0;
+        for (; count > 0 && nextByte != endOfBytes; --count)
+            number = number << 8 | *nextByte++;
+        return number;
+    }
+
     std::uint64_t seed;
     std::mt19937_64 engine;
+    bool drawsFromBytes = false;
+    const std::uint8_t* nextByte = nullptr;
+    const std::uint8_t* endOfBytes = nullptr;
 };
 
 } // namespace zt::orvex::testing
