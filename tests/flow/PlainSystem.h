@@ -105,9 +105,12 @@ struct PlainSystem {
     }
 
     /// The number of sweeps, or 0 where the thousandth is reached.
-    std::uint64_t solve() {
+    std::uint64_t solve() { return solve(evaluationOrder()); }
+
+    /// The same in another order of evaluation.
+    std::uint64_t solve(const std::vector<int>& order) {
         std::vector<const Equation*> inOrder;
-        for (const int variable : evaluationOrder()) {
+        for (const int variable : order) {
             for (const Equation& equation : equations) {
                 if (equation.variable == variable) inOrder.push_back(&equation);
             }

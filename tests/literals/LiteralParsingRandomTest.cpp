@@ -4,6 +4,7 @@
 #include "literals/RandomLiterals.h"
 
 #include "literals/BothWidths.h"
+#include "literals/PlainLiterals.h"
 #include "testing/Random.h"
 
 #include <gtest/gtest.h>
@@ -27,59 +28,8 @@ constexpr std::size_t TEXTS = 40000;
 using internal::IntegerLiteralValue;
 using internal::LiteralValidationResult;
 
-bool isOneOf(char c, std::string_view set) { return set.find(c) != std::string_view::npos; }
-
-/// Removes the longest prefix of `text` that consists of `set`, and returns its length.
-std::size_t take(std::string_view& text, std::string_view set) {
-    const std::size_t count = std::min(text.find_first_not_of(set), text.size());
-    text.remove_prefix(count);
-    return count;
-}
-
-struct PlainInteger {
-    bool isWellFormed = false;
-    std::string digits;
-    bool isSigned = false;
-    std::size_t width = 0; // 0 without a suffix
-};
-
-PlainInteger readInteger(std::string_view text, bool isHex) {
-    PlainInteger result;
-    if (text.size() < 3 || text[0] != '0' || !isOneOf(text[1], isHex ? "xX" : "bB")) return result;
-    text.remove_prefix(2);
-    const std::string_view rest = text;
-    const std::size_t count = take(text, isHex ? "0123456789ABCDEFabcdef" : "01");
-    result.digits = rest.substr(0, count);
-    if (count == 0) return result;
-    if (!text.empty()) {
-        if (!isOneOf(text[0], "uUsS")) return result;
-        result.isSigned = isOneOf(text[0], "sS");
-        const std::string_view width = text.substr(1);
-        for (const std::size_t known : {8U, 16U, 32U, 64U})
-            if (width == std::to_string(known)) result.width = known;
-        if (result.width == 0) return result;
-    }
-    result.isWellFormed = true;
-    return result;
-}
-
-bool isDouble(std::string_view text) {
-    constexpr std::string_view DIGITS = "0123456789";
-    std::size_t count = take(text, DIGITS);
-    if (!text.empty() && text[0] == '.') {
-        text.remove_prefix(1);
-        count += take(text, DIGITS);
-    }
-    if (count == 0) return false;
-    if (text.empty()) return true;
-    if (!isOneOf(text[0], "dDeE")) return false;
-    text.remove_prefix(1);
-    if (!text.empty() && isOneOf(text[0], "+-")) text.remove_prefix(1);
-    return take(text, DIGITS) > 0 && text.empty();
-}
-
 /// The value in the form of `describe`: the index from width and sign, and the bits as a number.
-std::string expectedValue(const PlainInteger& integer, bool isHex) {
+std::string expectedValue(const PlainLiteral& integer, bool isHex) {
     const std::size_t digitBits = isHex ? 4 : 1;
     std::size_t width = integer.width;
     for (width = width == 0 ? 8 : width; integer.width == 0 && width < 64; width *= 2)
@@ -113,14 +63,6 @@ std::string expectedValue(const PlainInteger& integer, bool isHex) {
     }
 }
 
-LiteralValidationResult expectedResult(const PlainInteger& integer, bool isHex) {
-    if (!integer.isWellFormed) return LiteralValidationResult::Malformed;
-    const std::size_t width = integer.width == 0 ? 64 : integer.width;
-    return integer.digits.size() <= width / (isHex ? 4 : 1)
-               ? LiteralValidationResult::Valid
-               : LiteralValidationResult::TooManyDigits;
-}
-
 TEST(LiteralParsingRandom, IntegersFollowThePlainRules) {
     Random random;
     SCOPED_TRACE(random.describe());
@@ -129,7 +71,7 @@ TEST(LiteralParsingRandom, IntegersFollowThePlainRules) {
         const bool isHex = random.oneIn(2);
         const std::string text =
             randomLiteral(random, isHex ? LiteralKind::Hexadecimal : LiteralKind::Binary);
-        const PlainInteger integer = readInteger(text, isHex);
+        const PlainLiteral integer = readInteger(text, isHex);
         const LiteralValidationResult result =
             isHex ? validateHexLiteral(text) : validateBinaryLiteral(text);
         ASSERT_EQ(result, expectedResult(integer, isHex)) << text;
