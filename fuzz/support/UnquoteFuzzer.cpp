@@ -1,19 +1,20 @@
 // Input: units of two bytes each; the first one is the quote character, the others are the text.
+#include "Require.h"
+#include "support/PlainUnquote.h"
+
 #include <zt_orvex/support/Quote.h>
 
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <memory>
 #include <string>
 
-namespace {
+using namespace zt::orvex;
+using fuzz::require;
 
-void require(bool condition) {
-    if (!condition) std::abort();
-}
+namespace {
 
 /// Unquotes in a buffer of exactly the text and its terminating zero, so that a sanitizer notices
 /// any other access.
@@ -21,10 +22,17 @@ std::u16string unquoted(const std::u16string& text, char16_t quoteChar) {
     const std::unique_ptr<char16_t[]> buffer(new char16_t[text.size() + 1]);
     std::copy(text.begin(), text.end(), buffer.get());
     buffer[text.size()] = u'\0';
-    const std::size_t length = zt::orvex::unquote(buffer.get(), text.size(), quoteChar);
+    const std::size_t length = unquote(buffer.get(), text.size(), quoteChar);
     if (quoteChar == u'\0') return {}; // the terminator may be dropped and still be counted
-    require(length <= text.size() && buffer[length] == u'\0');
+    require(length <= text.size() && buffer[length] == u'\0', "the text is terminated");
     return {buffer.get(), length};
+}
+
+std::u16string plainQuoted(const std::u16string& text, char16_t quoteChar) {
+    std::u16string result(1, quoteChar);
+    for (const char16_t unit : text)
+        result.append(unit == quoteChar ? 2 : 1, unit);
+    return result + quoteChar;
 }
 
 } // namespace
@@ -37,12 +45,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::u16string text = units.substr(1);
 
     const std::u16string plain = unquoted(text, quoteChar);
-    require(quoteChar == u'\0' || text.find(quoteChar) != std::u16string::npos || plain == text);
+    const bool isBracket = std::u16string(u"()[]{}").find(quoteChar) != std::u16string::npos;
+    if (quoteChar != u'\0' && !isBracket)
+        require(plain == testing::plainUnquoted(text, quoteChar), "as the plain one");
 
-    const std::u16string quoted =
-        zt::orvex::quote(boost::basic_string_ref<char16_t>(text), quoteChar);
-    require(quoted.size() >= text.size() + 2);
-    const std::u16string back = unquoted(quoted, quoteChar);
-    require(quoteChar == u'\0' || back == text);
+    const std::u16string quoted = quote(boost::basic_string_ref<char16_t>(text), quoteChar);
+    require(quoted == plainQuoted(text, quoteChar), "each quote character is doubled");
+    require(quoteChar == u'\0' || unquoted(quoted, quoteChar) == text, "quoting can be undone");
     return 0;
 }
