@@ -1,0 +1,65 @@
+#pragma once
+
+#include "Require.h"
+#include "report/Analyze.h"
+#include "report/HtmlReport.h"
+#include "report/JsonReport.h"
+#include "report/TextReport.h"
+
+#include <nlohmann/json.hpp>
+
+#include <cstddef>
+#include <sstream>
+#include <string>
+#include <utility>
+
+namespace zt::orvex::fuzz {
+
+/// Whether the text is UTF-8 and without control characters that no terminal should get.
+inline bool isCleanText(const std::string& text, bool isColored) {
+    for (const char c : text) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (byte == 0x1B && isColored) continue;
+        if ((byte < 0x20 && c != '\n') || byte == 0x7F) return false;
+    }
+    return ostrel::SourceText::validUtf8Prefix(text) == text.size();
+}
+
+inline void checkTextReport(const ostrel::report::Report& report, bool isColored,
+                            std::size_t width) {
+    std::ostringstream text;
+    writeTextReport(text, report, {isColored, width});
+    require(isCleanText(text.str(), isColored), "the text report is clean");
+}
+
+inline void checkJsonReport(const ostrel::report::Report& report) {
+    std::ostringstream text;
+    writeJsonReport(text, report);
+    const nlohmann::json parsed = nlohmann::json::parse(text.str(), nullptr, false);
+    require(!parsed.is_discarded(), "the JSON report is JSON");
+    const nlohmann::json& files = parsed["files"];
+    require(files.size() == report.files.size(), "it has each file");
+    for (std::size_t i = 0; i < report.files.size(); ++i) {
+        require(files[i]["constructs"].size() == report.files[i].constructs.size(),
+                "and each construct");
+    }
+}
+
+inline void checkHtmlReport(const ostrel::report::Report& report) {
+    std::ostringstream text;
+    writeHtmlReport(text, report);
+    require(ostrel::SourceText::validUtf8Prefix(text.str()) == text.str().size(),
+            "the page is UTF-8");
+    require(text.str().find("</html>") != std::string::npos, "the page is complete");
+}
+
+/// Every format of the report on the file.
+inline void checkReport(ostrel::ParsedFile file, bool isColored, std::size_t width) {
+    ostrel::report::Report report;
+    report.files.push_back(ostrel::report::analyze(std::move(file)));
+    checkTextReport(report, isColored, width);
+    checkJsonReport(report);
+    checkHtmlReport(report);
+}
+
+} // namespace zt::orvex::fuzz
