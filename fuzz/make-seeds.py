@@ -14,10 +14,12 @@ FUZZ = pathlib.Path(__file__).parent
 FUZZERS = {
     "analysis/analysis_fuzzer": (40, 120, 300, 300),
     "analysis/lying_tree_fuzzer": (60, 200, 400, 400),
+    "ast/bare_view_fuzzer": (40, 120),
     "ast/walk_fuzzer": (40, 120, 250, 250),
     "equivalence/equivalence_fuzzer": (30, 100, 200),
     "examples/program_fuzzer": (60, 200, 400, 400),
     "flow/bit_set_fuzzer": (60, 150, 200),
+    "flow/builder_fuzzer": (60, 150, 300),
     "flow/digraph_fuzzer": (30, 100, 200),
     "flow/equations_fuzzer": (60, 150, 300),
     "flow/evaluator_fuzzer": (60, 150, 300),

@@ -19,7 +19,7 @@ namespace {
 class LatticeDuel {
 public:
     explicit LatticeDuel(Random& from)
-        : random(from), universe(numbers(static_cast<int>(random.below(140)))), lattice(universe),
+        : random(from), universe(numbers(random.pick(SIZES))), lattice(universe),
           a(lattice.bottom()), b(lattice.bottom()) {}
 
     void step() {
@@ -65,6 +65,9 @@ public:
     }
 
 private:
+    /// Also so many that words are gone over in blocks, and more than are decided on at once.
+    static constexpr int SIZES[] = {0, 1, 63, 64, 140, 1024, 1100, 4100, 8300};
+
     void addElement() {
         if (universe.size() == 0) return;
         const auto index = static_cast<int>(random.below(universe.size()));

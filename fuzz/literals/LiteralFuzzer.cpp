@@ -52,6 +52,10 @@ void checkInteger(Parse parse, const PlainInteger& plain) {
     } catch (const NumberConversionError& error) {
         require(plain.isRefused, "only such digits are refused");
         require(error.getMessage() == plain.message(), "the message names the digits");
+        const NumberConversionError copy(error);
+        require(copy.what() == std::string(plain.message().c_str()), "a copy says the same");
+        require(copy.getText() == lowBytesOf(plain.digits), "the digits");
+        require(copy.getReason() == "Not Specified", "the reason");
     }
 }
 
