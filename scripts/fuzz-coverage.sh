@@ -33,4 +33,4 @@ llvm-profdata-14 merge -o "$BUILD/profile" "$PROFILES"/*
 
 if [ $# -eq 0 ]; then set -- src include; fi
 llvm-cov-14 export -format=lcov -instr-profile="$BUILD/profile" "$BUILD/lib/libzt_orvex.so" \
-    "${objects[@]}" "${@/#/$PWD/}" | python3 scripts/lib/unreached_lines.py "$PWD"
+    "${objects[@]}" | python3 scripts/lib/unreached_lines.py "$@"

@@ -1,36 +1,39 @@
 """Prints the lines that a coverage report in the form of lcov counts as never executed.
 
-usage: unreached_lines.py ROOT <report
+usage: unreached_lines.py FOLDER... <report
 """
+import collections
 import pathlib
 import sys
 
 
 def read_counts(report):
-    """The executions of each line by file; a line that occurs in several programs is summed up."""
-    counts = {}
-    lines = {}
+    """The executions of each line by file. A file may occur under several paths; its counts add up."""
+    counts = collections.defaultdict(lambda: collections.defaultdict(int))
+    path = pathlib.Path()
     for record in report:
         kind, _, value = record.strip().partition(":")
         if kind == "SF":
-            lines = counts.setdefault(value, {})
+            path = pathlib.Path(value).resolve()
         elif kind == "DA":
             line, executions = value.split(",")[:2]
-            lines[int(line)] = lines.get(int(line), 0) + int(executions)
+            counts[path][int(line)] += int(executions)
     return counts
 
 
 def main():
-    root = pathlib.Path(sys.argv[1])
+    folders = [pathlib.Path(name).resolve() for name in sys.argv[1:]]
     counts = read_counts(sys.stdin)
-    unreached = 0
-    for name in sorted(counts):
-        path = pathlib.Path(name)
+    total = unreached = 0
+    for path in sorted(counts):
+        if not any(folder in path.parents for folder in folders):
+            continue
         text = path.read_text().splitlines()
-        for line in sorted(line for line, executions in counts[name].items() if executions == 0):
-            print(f"{path.relative_to(root)}:{line}: {text[line - 1].strip()}")
-            unreached += 1
-    total = sum(len(lines) for lines in counts.values())
+        for line, executions in sorted(counts[path].items()):
+            total += 1
+            if executions == 0:
+                unreached += 1
+                print(f"{path.relative_to(pathlib.Path.cwd())}:{line}: {text[line - 1].strip()}")
     print(f"{unreached} of {total} lines are never reached.")
 
 
