@@ -107,7 +107,8 @@ private:
         if (++given > MAXIMUM_ANSWERS) return 0;
         const auto known = answers.find(question);
         const bool isNew = known == answers.end();
-        if (!isNew && (lies == 0 || random.below(16) != 15)) return known->second;
+        const std::size_t odds = lies > 1 ? 4 : 16;
+        if (!isNew && (lies == 0 || random.below(odds) != odds - 1)) return known->second;
         const auto drawn = static_cast<std::uint8_t>(random.below(limit));
         answers[question] = drawn;
         return drawn;

@@ -53,8 +53,11 @@ void checkSmallStrings(const std::string& a, const std::string& b) {
     require((first == second) == (withoutZerosAtEnd(a) == withoutZerosAtEnd(b)), "equal");
     require((first != second) != (first == second), "or unequal");
     second = first;
-    const SmallString third(std::move(second));
+    SmallString third(std::move(second));
     require(third == first, "a copy is equal");
+    third = SmallString(b);
+    const SmallString fourth(third);
+    require(fourth == SmallString(b), "and so is what is assigned");
 }
 
 class Game {
