@@ -13,7 +13,7 @@ FUZZ = pathlib.Path(__file__).parent
 # The fuzzers, and the lengths of their seeds in bytes.
 FUZZERS = {
     "analysis/analysis_fuzzer": (40, 120, 300, 300),
-    "analysis/lying_tree_fuzzer": (60, 200, 400, 400),
+    "analysis/hostile_tree_fuzzer": (60, 200, 400, 400),
     "ast/bare_view_fuzzer": (40, 120),
     "ast/walk_fuzzer": (40, 120, 250, 250),
     "equivalence/equivalence_fuzzer": (30, 100, 200),
