@@ -56,11 +56,12 @@ std::vector<SyntaxSpan> findCommandWords(const ParsedFile& file) {
 
 /// Adds the comments between two tokens, each from a `%` or `...` to the end of its line. All text
 /// there that isn't blank or a line end is comment.
-void addComments(std::u16string_view text, std::size_t begin, std::size_t end,
+void addComments(std::u16string_view source, std::size_t begin, std::size_t end,
                  std::vector<SyntaxSpan>& spans) {
     constexpr std::u16string_view BLANKS = u" \t\r\n\f\v";
+    const std::u16string_view text = source.substr(0, end); // so that no search goes beyond
     std::size_t at = begin;
-    while ((at = text.find_first_not_of(BLANKS, at)) < end) {
+    while ((at = text.find_first_not_of(BLANKS, at)) != std::u16string_view::npos) {
         const std::size_t lineEnd = std::min(text.find_first_of(u"\r\n", at), end);
         spans.push_back({SyntaxKind::Comment, at, lineEnd - at});
         at = lineEnd;
