@@ -3,7 +3,9 @@
 #include "source/Utf8.h"
 #include "syntax/OutsideBrackets.h"
 
+#include <algorithm>
 #include <string>
+#include <vector>
 
 namespace ostrel {
 
@@ -12,6 +14,11 @@ using zt::orvex::NodeKind;
 namespace {
 
 constexpr const char* STRAY_END = "this 'end' closes nothing";
+
+bool endsFunction(const Token& token) {
+    return token.kind == TokenKind::EndOfFile || token.keyword == Keyword::Function ||
+           token.keyword == Keyword::Class;
+}
 
 } // namespace
 
@@ -181,31 +188,46 @@ void FileParser::members(NodeList& list, Owner owner) {
 
 /// Whether more `end`s follow, up to the next function, than there are blocks left to close after
 /// the current `end`.
-bool FileParser::isExtraEnd(Owner owner) const {
+///
+/// A run of extra `end`s takes one scan. In a text with words that may begin a block of a class,
+/// each `end` takes one, until the budget is used up; from then on, `end` closes the function.
+bool FileParser::isExtraEnd(Owner owner) {
+    const std::size_t begin = state.token().begin;
+    if (extraEnds.begin <= begin && begin < extraEnds.end) return true;
     OutsideBrackets ahead(state.lookAhead());
-    std::size_t unmatched = 0;
+    std::vector<std::size_t> unmatched;
     std::size_t depth = 0;
-    Token before;
-    for (Token token = ahead.next();; before = token, token = ahead.next()) {
-        const bool isAtEnd = token.kind == TokenKind::EndOfFile ||
-                             token.keyword == Keyword::Function || token.keyword == Keyword::Class;
-        if (isAtEnd) {
-            // After the last method of a class, the block of methods and the class are still
-            // open; after a method before another block, only its own block is.
-            const bool isLast = token.kind == TokenKind::EndOfFile;
-            const std::size_t expected = owner == Owner::File ? 0 : isLast ? 2 : depth;
-            return unmatched > expected;
-        }
+    bool hasBlockWord = false;
+    Token before = state.token();
+    Token token = ahead.next();
+    for (; !endsFunction(token); before = token, token = ahead.next()) {
+        if (!mayLookAhead(token, before)) return false;
         const bool isClassBlock = before.kind == TokenKind::LineEnd && isBlockWord(token);
-        const bool opensClassBlock = isClassBlock && unmatched == 1 && depth == 0;
+        const bool opensClassBlock = isClassBlock && unmatched.size() == 1 && depth == 0;
+        hasBlockWord = hasBlockWord || isClassBlock;
         if (beginsBlock(token.keyword) || opensClassBlock) ++depth;
         if (token.keyword != Keyword::End) continue;
         if (depth == 0) {
-            ++unmatched;
+            unmatched.push_back(token.begin);
         } else {
             --depth;
         }
     }
+    // After the last method of a class, the block of methods and the class are still open; after a
+    // method before another block, only its own block is.
+    const bool isLast = token.kind == TokenKind::EndOfFile;
+    const std::size_t expected = owner == Owner::File ? 0 : isLast ? 2 : depth;
+    if (unmatched.size() <= expected) return false;
+    if (!hasBlockWord) extraEnds = {begin, unmatched[unmatched.size() - expected - 1]};
+    return true;
+}
+
+/// Deducts what a scan reads from `before` to `token`, and tells whether there was enough left.
+bool FileParser::mayLookAhead(const Token& token, const Token& before) {
+    const std::size_t units = token.end - before.end;
+    if (units > lookAheadBudget) return false;
+    lookAheadBudget -= units;
+    return true;
 }
 
 bool FileParser::isArgumentsBlock() const {
@@ -335,12 +357,13 @@ void FileParser::skipAfterClass() {
 }
 
 /// Whether a later `end` would close nothing if the current one closed the class.
-bool FileParser::isExtraEndOfClass() const {
+bool FileParser::isExtraEndOfClass() {
     OutsideBrackets ahead(state.lookAhead());
     std::size_t depth = 0;
-    Token before;
+    Token before = state.token();
     for (Token token = ahead.next(); token.kind != TokenKind::EndOfFile;
          before = token, token = ahead.next()) {
+        if (!mayLookAhead(token, before)) return false;
         const bool isClassBlock = before.kind == TokenKind::LineEnd && isBlockWord(token);
         const bool opens = beginsBlock(token.keyword) || token.keyword == Keyword::Function ||
                            (isClassBlock && depth == 0);

@@ -15,7 +15,8 @@ namespace ostrel {
 class FileParser {
 public:
     explicit FileParser(const SourceText& source)
-        : state(source), expressions(state), statements(state, expressions) {}
+        : state(source), expressions(state), statements(state, expressions),
+          lookAheadBudget(8 * source.size() + 65536) {}
 
     /// Parses the whole file and returns its Program. Call it only once.
     NodeId parse();
@@ -50,7 +51,7 @@ private:
     Field outputsInBrackets();
     void writeParameters(const Signature& of);
     void members(NodeList& list, Owner owner);
-    bool isExtraEnd(Owner owner) const;
+    bool isExtraEnd(Owner owner);
     bool isArgumentsBlock() const;
     Field argumentsBlocks();
     NodeId argumentsBlock();
@@ -66,7 +67,8 @@ private:
 
     // Classes
     NodeId classDefinition();
-    bool isExtraEndOfClass() const;
+    bool isExtraEndOfClass();
+    bool mayLookAhead(const Token& token, const Token& before);
     ClassHead classHead();
     Field superclasses();
     bool isBlockWord(const Token& token) const;
@@ -95,6 +97,16 @@ private:
     StatementParser statements;
     ScopeId scriptScope = 0;
     std::size_t missingEndAt = Lexer::NONE; ///< The function found in place of a missing `end`.
+
+    /// Between these offsets, each `end` that would close a function closes nothing.
+    struct {
+        std::size_t begin = 0;
+        std::size_t end = 0;
+    } extraEnds;
+
+    /// How much text may still be read ahead for the sake of extra `end`s. Linear in the text, and
+    /// so is all reading.
+    std::size_t lookAheadBudget;
 };
 
 } // namespace ostrel

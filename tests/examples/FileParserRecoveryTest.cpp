@@ -64,6 +64,20 @@ TEST(FileParserRecovery, ExtraEndIsOneErrorAtThatEnd) {
               "(FunctionDefinition g [] [] FillerNode [] [])\n4:1: this 'end' closes nothing\n");
 }
 
+TEST(FileParserRecovery, ExtraEndsInARowAreOneErrorEach) {
+    EXPECT_EQ(nodes("function f\nend\nend\nx = 1;\nend\nfunction g\nend"),
+              "(FunctionDefinition f [] [] FillerNode [] [DiscardedStatement DiscardedStatement "
+              "(AssignmentStatement x 1)])\n(FunctionDefinition g [] [] FillerNode [] [])\n"
+              "2:1: this 'end' closes nothing\n3:1: this 'end' closes nothing\n");
+    EXPECT_EQ(errors("class A\nmethods\nfunction f\nend\nend\nend\nend\nend\n"),
+              "4:1: this 'end' closes nothing\n5:1: this 'end' closes nothing\n");
+}
+
+TEST(FileParserRecovery, EndsThatBlocksNeedAreNotExtra) {
+    EXPECT_EQ(errors("function f\nend\nif a\nend\nend\nif b\nend\nend\nfunction g\nend\n"),
+              "2:1: this 'end' closes nothing\n5:1: this 'end' closes nothing\n");
+}
+
 TEST(FileParserRecovery, ExtraEndInAClassIsOneError) {
     EXPECT_EQ(errors("class A\nmethods\nfunction f\nif x\nend\nend\ny = 3;\nend\nfunction g\nend\n"
                      "end\nend\n"),
