@@ -48,9 +48,8 @@ void addPragmas(ParsedFile& file, const std::vector<std::size_t>& offsets) {
 void addDiagnostics(ParsedFile& file, std::vector<Diagnostic> diagnostics) {
     std::stable_sort(diagnostics.begin(), diagnostics.end(),
                      [](const Diagnostic& a, const Diagnostic& b) { return a.offset < b.offset; });
-    PositionCursor cursor(file.source);
     for (Diagnostic& diagnostic : diagnostics) {
-        const Position position = cursor.position(diagnostic.offset);
+        const Position position = file.source.position(diagnostic.offset);
         diagnostic.line = position.line;
         diagnostic.column = position.column;
     }

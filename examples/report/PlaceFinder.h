@@ -10,25 +10,17 @@
 
 namespace ostrel::report {
 
-/// Converts offsets to lines and columns.
-///
-/// `SourceText::position` counts from the beginning of the line, which would be quadratic on a long
-/// line with many names. This class counts on from the previous place if that is near, so ask in
-/// source order where possible.
+/// Converts offsets and nodes to places. Cost: that of `SourceText::position`.
 class PlaceFinder {
 public:
     PlaceFinder(const SourceText& text, const Tree& program) : source(text), tree(program) {}
 
-    Place at(std::size_t offset, std::size_t length);
-    Place of(zt::orvex::NodeView node);
+    Place at(std::size_t offset, std::size_t length) const;
+    Place of(zt::orvex::NodeView node) const;
 
 private:
-    bool advanceTo(std::size_t offset);
-
     const SourceText& source;
     const Tree& tree;
-    std::size_t last = 0;
-    Position position{1, 1};
 };
 
 } // namespace ostrel::report

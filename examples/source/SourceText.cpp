@@ -73,6 +73,7 @@ SourceText::SourceText(std::u16string utf16) : units(std::move(utf16)), lineStar
     for (std::size_t i = 0; i < units.size(); ++i) {
         const bool isCrOfCrLf = units[i] == u'\r' && at(i + 1) == u'\n';
         if (units[i] == u'\n' || (units[i] == u'\r' && !isCrOfCrLf)) lineStarts.push_back(i + 1);
+        if (isLowSurrogate(units[i])) lowSurrogates.push_back(i);
     }
 }
 
@@ -99,25 +100,13 @@ std::u16string_view SourceText::line(std::size_t line) const {
 }
 
 Position SourceText::position(std::size_t offset) const {
+    offset = std::min(offset, units.size());
     const auto next = std::upper_bound(lineStarts.begin(), lineStarts.end(), offset);
     const std::size_t start = *std::prev(next);
-    const auto from = units.begin() + static_cast<std::ptrdiff_t>(start);
-    const auto to = units.begin() + static_cast<std::ptrdiff_t>(std::min(offset, units.size()));
-    const auto lowSurrogates = std::count_if(from, to, isLowSurrogate);
+    const auto first = std::lower_bound(lowSurrogates.begin(), lowSurrogates.end(), start);
+    const auto last = std::lower_bound(first, lowSurrogates.end(), offset);
     return {static_cast<std::size_t>(next - lineStarts.begin()),
-            static_cast<std::size_t>(to - from - lowSurrogates) + 1};
-}
-
-Position PositionCursor::position(std::size_t offset) {
-    const std::vector<std::size_t>& starts = source.lineStarts;
-    while (current.line < starts.size() && starts[current.line] <= offset) {
-        at = starts[current.line++];
-        current.column = 1;
-    }
-    for (; at < std::min(offset, source.size()); ++at) {
-        if (!isLowSurrogate(source.at(at))) ++current.column;
-    }
-    return current;
+            offset - start - static_cast<std::size_t>(last - first) + 1};
 }
 
 } // namespace ostrel

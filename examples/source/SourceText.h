@@ -41,28 +41,13 @@ public:
     /// A line's text without its line end; `line` counts from 1.
     std::u16string_view line(std::size_t line) const;
 
-    /// Cost: logarithmic in the number of lines, and linear in the length of the line.
+    /// Cost: logarithmic in the number of lines and of surrogate pairs, however long the line is.
     Position position(std::size_t offset) const;
 
 private:
-    friend class PositionCursor;
-
     std::u16string units;
     std::vector<std::size_t> lineStarts;
-};
-
-/// Computes the positions of many offsets, in ascending order, in one pass over the text, however
-/// many of them are on one long line.
-class PositionCursor {
-public:
-    explicit PositionCursor(const SourceText& text) : source(text) {}
-
-    Position position(std::size_t offset);
-
-private:
-    const SourceText& source;
-    std::size_t at = 0;
-    Position current{1, 1};
+    std::vector<std::size_t> lowSurrogates; ///< Their offsets: units that don't begin a column.
 };
 
 } // namespace ostrel

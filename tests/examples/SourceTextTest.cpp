@@ -25,16 +25,23 @@ TEST(SourceText, ColumnsCountCodePoints) {
     EXPECT_EQ(text->position(text->text().find(u'y')).column, 2U);
 }
 
-TEST(SourceText, CursorAgreesWithPosition) {
+TEST(SourceText, PositionAgreesWithCounting) {
     const auto text = SourceText::fromUtf8("ab\r\n\xF0\x9F\x99\x82"
-                                           "c\r\rd\n");
-    PositionCursor cursor(*text);
+                                           "c\xF0\x9F\x99\x82\xF0\x9F\x99\x82\r\rd\n");
+    Position expected{1, 1};
     for (std::size_t offset = 0; offset <= text->size(); ++offset) {
-        const Position expected = text->position(offset);
-        const Position actual = cursor.position(offset);
+        const Position actual = text->position(offset);
         EXPECT_EQ(actual.line, expected.line) << offset;
         EXPECT_EQ(actual.column, expected.column) << offset;
+        if (!isLowSurrogate(text->at(offset))) ++expected.column;
+        const bool isInCrLf = text->at(offset) == u'\r' && text->at(offset + 1) == u'\n';
+        const bool isLineEnd = text->at(offset) == u'\n' || text->at(offset) == u'\r';
+        if (isLineEnd && !isInCrLf) expected = {expected.line + 1, 1};
     }
+}
+
+TEST(SourceText, PositionBeyondTheEndIsTheEnd) {
+    EXPECT_EQ(SourceText(u"ab").position(9).column, 3U);
 }
 
 TEST(SourceText, ByteOrderMarkIsNotPartOfTheText) {
