@@ -2,6 +2,7 @@
 
 #include "report/Classify.h"
 #include "report/LibraryAnswers.h"
+#include "report/MentionedVariables.h"
 #include "report/PlaceFinder.h"
 #include "report/RestrictedUses.h"
 #include "report/Warnings.h"
@@ -30,15 +31,18 @@ namespace {
 class FileAnalysis {
 public:
     explicit FileAnalysis(ParsedFile& toAnalyze)
-        : parsed(toAnalyze), places(parsed.source, *parsed.tree) {}
+        : parsed(toAnalyze), mentioned(parsed), places(parsed.source, *parsed.tree) {}
 
     File run() {
         file.path = parsed.path;
         file.diagnostics = parsed.diagnostics;
         for (const PragmaComment& comment : parsed.pragmas)
             addPragma(comment);
+        for (const ostrel::Scope& scope : parsed.scopes)
+            addScope(scope);
         for (const ostrel::Construct& construct : parsed.constructs)
             tryAddConstruct(construct);
+        sortDiagnostics();
         addRestrictedWarnings();
         sortWarnings();
         file.syntax = findSyntaxSpans(parsed);
@@ -58,6 +62,12 @@ private:
         if (pragma->getKind() == PragmaKind::UNRECOGNIZED)
             file.warnings.push_back(warnOfUnknownPragma(entry));
         file.pragmas.push_back(std::move(entry));
+    }
+
+    void addScope(const ostrel::Scope& scope) {
+        file.scopes.push_back({scope.name, {}});
+        for (const SymbolView symbol : scope.universe)
+            file.scopes.back().universe.push_back(toUtf8(parsed.tree->symbolName(symbol)));
     }
 
     /// What the library refuses is an error of the construct, and the rest of the file is still
@@ -80,32 +90,36 @@ private:
         diagnostic.column = place.column;
         diagnostic.message =
             std::string("this ") + keywordOf(kindOf(construct)) + " cannot be analysed: " + what;
-        const auto next = std::upper_bound(
-            file.diagnostics.begin(), file.diagnostics.end(), place.offset,
-            [](std::size_t offset, const Diagnostic& other) { return offset < other.offset; });
-        file.diagnostics.insert(next, std::move(diagnostic));
+        file.diagnostics.push_back(std::move(diagnostic));
+    }
+
+    void sortDiagnostics() {
+        std::stable_sort(
+            file.diagnostics.begin(), file.diagnostics.end(),
+            [](const Diagnostic& a, const Diagnostic& b) { return a.offset < b.offset; });
     }
 
     void addConstruct(const ostrel::Construct& parsedConstruct) {
-        const Scope& scope = parsed.scopes[parsedConstruct.scope];
-        const LibraryAnswers answers = askLibrary(parsedConstruct, scope);
+        const std::vector<SymbolView> universe = mentioned.in(parsedConstruct);
+        const LibraryAnswers answers =
+            askLibrary(parsedConstruct, universe, parsed.scopes[parsedConstruct.scope].ans);
         Construct construct;
         construct.kind = kindOf(parsedConstruct);
         construct.keyword =
             places.at(parsedConstruct.offset, std::string_view(keywordOf(construct.kind)).size());
         construct.extent = places.of(parsedConstruct.node);
         construct.enclosing = findEnclosing(construct.extent);
-        construct.scope = scope.name;
+        construct.scope = parsedConstruct.scope;
         if (construct.kind == ConstructKind::Parfor)
             construct.loopVariable = loopVariableOf(ParforStatementView(parsedConstruct.node));
-        for (const SymbolView symbol : scope.universe)
-            construct.universe.push_back(toUtf8(parsed.tree->symbolName(symbol)));
         construct.liveAsTemporary = sortedNames(answers.liveAsTemporary);
         construct.maybeLiveAsTemporary = sortedNames(answers.maybeLiveAsTemporary);
-        construct.notLiveAsSliced = sortedNames(answers.notLiveAsSliced);
-        construct.outputs = sortedNames(answers.outputs);
+        if (construct.kind == ConstructKind::Parfor)
+            construct.liveAsSliced = sortedNames(without(universe, answers.notLiveAsSliced));
+        else
+            construct.notOutputs = sortedNames(without(universe, answers.outputs));
         construct.ansPossiblyReadBeforeBeingWritten = answers.ansPossiblyReadBeforeBeingWritten;
-        construct.variables = classify(parsed, parsedConstruct, answers, places);
+        construct.variables = classify(parsed, parsedConstruct, universe, answers, places);
         std::vector<NodeView> uses = findRestrictedUses(bodyOf(parsedConstruct));
         construct.restrictedExternals = restrictedNames(uses);
         addAnsWarning(construct);
@@ -127,6 +141,14 @@ private:
 
     static std::string loopVariableOf(ParforStatementView loop) {
         return toUtf8(IdentifierView(loop.getParforVariable()).getIdentifierName());
+    }
+
+    static SymbolSet without(const std::vector<SymbolView>& universe, const SymbolSet& removed) {
+        SymbolSet rest;
+        for (const SymbolView symbol : universe) {
+            if (removed.count(symbol) == 0) rest.insert(symbol);
+        }
+        return rest;
     }
 
     /// Sorted by UTF-16 code unit.
@@ -182,7 +204,8 @@ private:
     }
 
     ParsedFile& parsed;
-    PlaceFinder places;
+    const MentionedVariables mentioned;
+    const PlaceFinder places;
     File file;
     std::vector<std::vector<NodeView>> restrictedUses; ///< Indexed like `file.constructs`.
 };

@@ -32,22 +32,23 @@ namespace {
 class Classifier {
 public:
     Classifier(const ParsedFile& parsed, const ostrel::Construct& which,
-               const LibraryAnswers& libraryAnswers, PlaceFinder& placeFinder)
-        : file(parsed), construct(which), scope(file.scopes[construct.scope]),
-          answers(libraryAnswers), places(placeFinder), kind(kindOf(construct)),
-          flows(traceBody(bodyOf(construct), scope.universe)) {
-        for (std::size_t i = 0; i < scope.universe.size(); ++i)
-            indices.emplace(scope.universe[i], i);
+               const std::vector<SymbolView>& variables, const LibraryAnswers& libraryAnswers,
+               const PlaceFinder& placeFinder)
+        : file(parsed), construct(which), universe(variables), answers(libraryAnswers),
+          places(placeFinder), kind(kindOf(construct)),
+          flows(traceBody(bodyOf(construct), universe)) {
+        for (std::size_t i = 0; i < universe.size(); ++i)
+            indices.emplace(universe[i], i);
         if (kind == ConstructKind::Parfor) noteLoopVariable(ParforStatementView(construct.node));
     }
 
     std::vector<Variable> run() {
-        std::vector<Variable> all(scope.universe.size());
+        std::vector<Variable> all(universe.size());
         gatherPlaces(all);
         std::vector<Variable> named;
         for (std::size_t i = 0; i < all.size(); ++i) {
             if (all[i].places.empty()) continue;
-            describe(all[i], scope.universe[i], flows[i]);
+            describe(all[i], universe[i], flows[i]);
             named.push_back(std::move(all[i]));
         }
         return named;
@@ -113,7 +114,8 @@ private:
     /// The analyses of temporaries and of outputs ignore that an expression statement writes `ans`;
     /// the analysis of `ans` counts it.
     bool isLive(SymbolView symbol) const {
-        if (symbol == scope.ans) return answers.ansPossiblyReadBeforeBeingWritten;
+        if (symbol == file.scopes[construct.scope].ans)
+            return answers.ansPossiblyReadBeforeBeingWritten;
         if (kind == ConstructKind::Parfor) return answers.maybeLiveAsTemporary.count(symbol) != 0;
         return answers.outputs.count(symbol) == 0;
     }
@@ -126,9 +128,9 @@ private:
 
     const ParsedFile& file;
     const ostrel::Construct& construct;
-    const Scope& scope;
+    const std::vector<SymbolView>& universe;
     const LibraryAnswers& answers;
-    PlaceFinder& places;
+    const PlaceFinder& places;
     ConstructKind kind;
     std::vector<VariableFlow> flows;
     std::unordered_map<SymbolView, std::size_t> indices;
@@ -139,8 +141,9 @@ private:
 } // namespace
 
 std::vector<Variable> classify(const ParsedFile& file, const ostrel::Construct& construct,
-                               const LibraryAnswers& answers, PlaceFinder& places) {
-    return Classifier(file, construct, answers, places).run();
+                               const std::vector<SymbolView>& universe,
+                               const LibraryAnswers& answers, const PlaceFinder& places) {
+    return Classifier(file, construct, universe, answers, places).run();
 }
 
 } // namespace ostrel::report

@@ -22,8 +22,10 @@ struct Evidence {
 /// Decides a role; nothing else does. `Role` says what each one means.
 Role roleOf(const Evidence& evidence);
 
-/// The variables that a construct names, in the order of the scope's universe.
+/// What a construct does with the variables in `universe`: those that it names in the text, in
+/// order. The answers must be about the same variables.
 std::vector<Variable> classify(const ParsedFile& file, const ostrel::Construct& construct,
-                               const LibraryAnswers& answers, PlaceFinder& places);
+                               const std::vector<zt::orvex::SymbolView>& universe,
+                               const LibraryAnswers& answers, const PlaceFinder& places);
 
 } // namespace ostrel::report

@@ -220,7 +220,7 @@ private:
     static void addVariables(const File& file, std::size_t number, std::vector<Span>& spans) {
         struct Appearance {
             const Variable* variable;
-            std::string keys; // innermost first
+            std::vector<std::string> keys; // innermost last
         };
         std::map<std::size_t, Appearance> appearances;
         for (std::size_t c = 0; c < file.constructs.size(); ++c) {
@@ -229,18 +229,27 @@ private:
                 for (const Place& place : variables[v].places) {
                     Appearance& entry = appearances[place.offset];
                     entry.variable = &variables[v]; // an inner construct comes later
-                    entry.keys = keyOf(number, c, v) + (entry.keys.empty() ? "" : " ") + entry.keys;
+                    entry.keys.push_back(keyOf(number, c, v));
                 }
             }
         }
         for (const auto& [offset, entry] : appearances) {
             const Mark mark = markOf(entry.variable->role);
-            const std::string name = escaped(entry.variable->name);
+            const std::string& name = entry.variable->name; // an identifier needs no escapes
             spans.push_back({offset, entry.variable->places.front().length,
                              std::string("class=\"variable ") + mark.style + "\" data-letter=\"" +
-                                 mark.letter + "\" data-keys=\"" + entry.keys + "\" title=\"" +
-                                 name + ": " + nameOf(entry.variable->role) + "\""});
+                                 mark.letter + "\" data-keys=\"" + reversed(entry.keys) +
+                                 "\" title=\"" + name + ": " + nameOf(entry.variable->role) +
+                                 "\""});
         }
+    }
+
+    /// The words in reverse order, separated by blanks.
+    static std::string reversed(const std::vector<std::string>& words) {
+        std::string text;
+        for (auto word = words.rbegin(); word != words.rend(); ++word)
+            text += (text.empty() ? "" : " ") + *word;
+        return text;
     }
 
     // The tables ------------------------------------------------------------------------------
@@ -251,7 +260,8 @@ private:
             << wordOf(construct.kind);
         if (!construct.loopVariable.empty()) out << ' ' << escaped(construct.loopVariable);
         out << ", " << linkTo(number, construct.keyword.line, construct.keyword.column);
-        if (!construct.scope.empty()) out << ", in " << escaped(construct.scope);
+        const std::string& scope = file.scopes[construct.scope].name;
+        if (!scope.empty()) out << ", in " << escaped(scope);
         out << "</h3>\n";
         writeTable(construct, number, index);
         writeWarnings(construct.warnings, number);
@@ -278,10 +288,9 @@ private:
     void writeRow(const Variable& variable, std::size_t number, const std::string& key) {
         const Mark mark = markOf(variable.role);
         out << "<tr tabindex=\"0\" aria-selected=\"false\" data-keys=\"" << key << "\" data-role=\""
-            << mark.letter << "\" data-name=\"" << escaped(variable.name) << "\"><td><code>"
-            << escaped(variable.name) << "</code></td><td><span class=\"letter " << mark.style
-            << "\">" << mark.letter << "</span><span class=\"" << mark.style << "\">"
-            << nameOf(variable.role) << "</span>";
+            << mark.letter << "\" data-name=\"" << variable.name << "\"><td><code>" << variable.name
+            << "</code></td><td><span class=\"letter " << mark.style << "\">" << mark.letter
+            << "</span><span class=\"" << mark.style << "\">" << nameOf(variable.role) << "</span>";
         const std::string note = noteOf(variable);
         if (!note.empty()) out << "<div class=\"note\">" << escaped(note) << "</div>";
         out << "</td><td>";

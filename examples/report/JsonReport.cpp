@@ -1,16 +1,18 @@
 #include "report/JsonReport.h"
 
+#include "report/JsonStream.h"
 #include "report/Warnings.h"
 
-#include <nlohmann/json.hpp>
+#include <algorithm>
+#include <cstddef>
+#include <string>
+#include <vector>
 
 namespace ostrel::report {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
-
-Json toJson(const File& file); // declared here, so that toJsonArray finds it
+using Json = JsonStream::Json;
 
 Json toJson(const Diagnostic& diagnostic) {
     return {{"line", diagnostic.line},
@@ -27,46 +29,113 @@ Json toJson(const PragmaEntry& pragma) {
             {"arguments", pragma.arguments}};
 }
 
-Json toJson(const Construct& construct) {
-    Json json{{"kind", keywordOf(construct.kind)},
-              {"line", construct.keyword.line},
-              {"column", construct.keyword.column},
-              {"scope", construct.scope}};
-    if (construct.kind == ConstructKind::Parfor) {
-        json["variable"] = construct.loopVariable;
-        json["universe"] = construct.universe;
-        json["liveAsTemporary"] = construct.liveAsTemporary;
-        json["maybeLiveAsTemporary"] = construct.maybeLiveAsTemporary;
-        json["notLiveAsSliced"] = construct.notLiveAsSliced;
-    } else {
-        json["universe"] = construct.universe;
-        json["outputs"] = construct.outputs;
+using Names = std::vector<std::string>;
+
+/// The universe of each scope, sorted by code unit.
+std::vector<Names> sortedUniverses(const File& file) {
+    std::vector<Names> sorted;
+    for (const Scope& scope : file.scopes) {
+        sorted.push_back(scope.universe);
+        std::sort(sorted.back().begin(), sorted.back().end());
     }
-    json["ansPossiblyReadBeforeBeingWritten"] = construct.ansPossiblyReadBeforeBeingWritten;
-    json["restrictedExternals"] = construct.restrictedExternals;
-    return json;
+    return sorted;
 }
 
-template <typename T>
-Json toJsonArray(const std::vector<T>& elements) {
-    Json array = Json::array();
-    for (const T& element : elements)
-        array.push_back(toJson(element));
-    return array;
-}
+class JsonWriter {
+public:
+    explicit JsonWriter(std::ostream& out) : json(out) {}
 
-Json toJson(const File& file) {
-    return {{"path", file.path},
-            {"diagnostics", toJsonArray(file.diagnostics)},
-            {"pragmas", toJsonArray(file.pragmas)},
-            {"constructs", toJsonArray(file.constructs)}};
-}
+    void write(const Report& report) {
+        json.beginObject();
+        json.key("files");
+        json.beginArray();
+        for (const File& file : report.files)
+            write(file);
+        json.endArray();
+        json.endObject();
+    }
+
+private:
+    void write(const File& file) {
+        const std::vector<Names> sorted = sortedUniverses(file);
+        json.beginObject();
+        write("path", file.path);
+        writeArray("diagnostics", file.diagnostics);
+        writeArray("pragmas", file.pragmas);
+        json.key("constructs");
+        json.beginArray();
+        for (const Construct& construct : file.constructs)
+            write(construct, file.scopes[construct.scope], sorted[construct.scope]);
+        json.endArray();
+        json.endObject();
+    }
+
+    void write(const Construct& construct, const Scope& scope, const Names& sortedUniverse) {
+        json.beginObject();
+        write("kind", keywordOf(construct.kind));
+        write("line", construct.keyword.line);
+        write("column", construct.keyword.column);
+        write("scope", scope.name);
+        if (construct.kind == ConstructKind::Parfor) {
+            write("variable", construct.loopVariable);
+            writeNames("universe", scope.universe);
+            writeNames("liveAsTemporary", construct.liveAsTemporary);
+            writeNames("maybeLiveAsTemporary", construct.maybeLiveAsTemporary);
+            writeRest("notLiveAsSliced", sortedUniverse, construct.liveAsSliced);
+        } else {
+            writeNames("universe", scope.universe);
+            writeRest("outputs", sortedUniverse, construct.notOutputs);
+        }
+        write("ansPossiblyReadBeforeBeingWritten", construct.ansPossiblyReadBeforeBeingWritten);
+        writeNames("restrictedExternals", construct.restrictedExternals);
+        json.endObject();
+    }
+
+    void write(const char* key, const Json& value) {
+        json.key(key);
+        json.value(value);
+    }
+
+    template <typename T>
+    void writeArray(const char* key, const std::vector<T>& elements) {
+        json.key(key);
+        json.beginArray();
+        for (const T& element : elements)
+            json.value(toJson(element));
+        json.endArray();
+    }
+
+    void writeNames(const char* key, const Names& names) {
+        json.key(key);
+        json.beginArray();
+        for (const std::string& name : names)
+            json.identifier(name);
+        json.endArray();
+    }
+
+    /// The names in `all` that aren't in `excluded`, which is a subset; both are sorted.
+    void writeRest(const char* key, const Names& all, const Names& excluded) {
+        json.key(key);
+        json.beginArray();
+        auto next = excluded.begin();
+        for (const std::string& name : all) {
+            if (next != excluded.end() && *next == name) {
+                ++next;
+            } else {
+                json.identifier(name);
+            }
+        }
+        json.endArray();
+    }
+
+    JsonStream json;
+};
 
 } // namespace
 
 void writeJsonReport(std::ostream& out, const Report& report) {
-    const Json json{{"files", toJsonArray(report.files)}};
-    out << json.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+    JsonWriter(out).write(report);
+    out << '\n';
 }
 
 } // namespace ostrel::report

@@ -21,8 +21,9 @@ StatementRangeView bodyOf(const ostrel::Construct& construct) {
                : SpmdStatementView(construct.node).getSpmdBody();
 }
 
-LibraryAnswers askLibrary(const ostrel::Construct& construct, const Scope& scope) {
-    const flow::OrderedSet<SymbolView> universe(scope.universe.begin(), scope.universe.end());
+LibraryAnswers askLibrary(const ostrel::Construct& construct,
+                          const std::vector<SymbolView>& variables, SymbolView ans) {
+    const flow::OrderedSet<SymbolView> universe(variables.begin(), variables.end());
     LibraryAnswers answers;
     if (kindOf(construct) == ConstructKind::Parfor) {
         const ParforStatementView loop(construct.node);
@@ -31,12 +32,12 @@ LibraryAnswers askLibrary(const ostrel::Construct& construct, const Scope& scope
             flow::computeMaybeLiveAsTemporaryVariables(loop, universe, {});
         answers.notLiveAsSliced = flow::computeNotLiveAsSlicedVariables(loop, universe, {});
         answers.ansPossiblyReadBeforeBeingWritten =
-            flow::isAnsPossiblyReadBeforeBeingWritten(loop, scope.ans, {});
+            flow::isAnsPossiblyReadBeforeBeingWritten(loop, ans, {});
     } else {
         const SpmdStatementView block(construct.node);
         answers.outputs = flow::computeSpmdOutputVariables(block, universe, {});
         answers.ansPossiblyReadBeforeBeingWritten =
-            flow::isAnsPossiblyReadBeforeBeingWritten(block, scope.ans, {});
+            flow::isAnsPossiblyReadBeforeBeingWritten(block, ans, {});
     }
     return answers;
 }

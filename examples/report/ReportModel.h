@@ -102,21 +102,31 @@ struct Warning {
     std::string help;    ///< What to do about it, likewise.
 };
 
+/// A function or method, or the script part of a file.
+struct Scope {
+    std::string name;                  ///< The bare name; empty for the script.
+    std::vector<std::string> universe; ///< Its variables, in order of first appearance.
+};
+
 /// A `parfor` or `spmd` statement. Sets of names are sorted by code unit.
+///
+/// A construct holds only variables that it names: a scope may have thousands of others, and
+/// thousands of constructs. All the others are live in none of its sets.
 struct Construct {
     ConstructKind kind = ConstructKind::Parfor;
     Place keyword;
     Place extent;                         ///< From the keyword to the `end`, inclusive.
     std::optional<std::size_t> enclosing; ///< The innermost enclosing one, in `File::constructs`.
-    std::string scope;                    ///< The function's bare name; empty for the script.
+    std::size_t scope = 0;                ///< In `File::scopes`.
     std::string loopVariable;             ///< Of a `parfor`; otherwise empty.
-    std::vector<std::string> universe;    ///< In order of first appearance in the scope.
 
-    // The library's answers. The first three are for a `parfor`, `outputs` is for an `spmd`.
+    // The library's answers. The first three are for a `parfor`, `notOutputs` is for an `spmd`. Of
+    // the sets that the library returns with all variables that a body doesn't touch, this has the
+    // complement in the universe.
     std::vector<std::string> liveAsTemporary;
     std::vector<std::string> maybeLiveAsTemporary;
-    std::vector<std::string> notLiveAsSliced;
-    std::vector<std::string> outputs;
+    std::vector<std::string> liveAsSliced;
+    std::vector<std::string> notOutputs;
     bool ansPossiblyReadBeforeBeingWritten = false;
 
     std::vector<std::string> restrictedExternals; ///< The ones that the body uses.
@@ -138,6 +148,7 @@ struct File {
     std::vector<SyntaxSpan> syntax;      ///< Pieces to colour, in source order.
     std::vector<Diagnostic> diagnostics; ///< In source order.
     std::vector<PragmaEntry> pragmas;    ///< In source order.
+    std::vector<Scope> scopes;           ///< In source order.
     std::vector<Construct> constructs;   ///< In source order, nested ones included.
     std::vector<Warning> warnings;       ///< Those outside all constructs, in source order.
 

@@ -187,7 +187,8 @@ private:
             placeText(file.path, construct.keyword.line, construct.keyword.column);
         std::string what = keywordOf(construct.kind);
         if (construct.kind == ConstructKind::Parfor) what += " over " + construct.loopVariable;
-        if (!construct.scope.empty()) what += ", in function " + construct.scope;
+        const std::string& scope = file.scopes[construct.scope].name;
+        if (!scope.empty()) what += ", in function " + scope;
         if (construct.enclosing) {
             const Construct& outer = file.constructs[*construct.enclosing];
             what += std::string(", inside the ") + keywordOf(outer.kind) + " on line " +

@@ -23,8 +23,8 @@ std::string nameOf(const ParsedFile& file, SymbolView symbol) {
 
 /// The variables that the library finds live at the entry of a body; `ans` by its own question.
 std::set<std::string> liveByLibrary(const ParsedFile& file, const ostrel::Construct& construct) {
-    const Scope& scope = file.scopes[construct.scope];
-    const LibraryAnswers answers = askLibrary(construct, scope);
+    const ostrel::Scope& scope = file.scopes[construct.scope];
+    const LibraryAnswers answers = askLibrary(construct, scope.universe, scope.ans);
     const bool isParfor = kindOf(construct) == ConstructKind::Parfor;
     std::set<std::string> names;
     for (const SymbolView symbol : scope.universe) {
@@ -38,7 +38,7 @@ std::set<std::string> liveByLibrary(const ParsedFile& file, const ostrel::Constr
 }
 
 std::set<std::string> liveByTrace(const ParsedFile& file, const ostrel::Construct& construct) {
-    const Scope& scope = file.scopes[construct.scope];
+    const ostrel::Scope& scope = file.scopes[construct.scope];
     const std::vector<VariableFlow> flows = traceBody(bodyOf(construct), scope.universe);
     std::set<std::string> names;
     for (std::size_t i = 0; i < flows.size(); ++i) {

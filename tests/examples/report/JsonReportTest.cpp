@@ -88,6 +88,24 @@ TEST(JsonReport, EmptyFileHasEmptyArrays) {
     EXPECT_EQ(file["constructs"], Json::array());
 }
 
+TEST(JsonReport, LooksAsIfItWereWrittenAtOnce) {
+    const std::string text = jsonText("%#ok a\n%#b\nx = 1;\nparfor k = 1:3, y(k) = x; end\n"
+                                      "spmd, eval('x'), ans; end\n) \nfunction f\nend\n");
+    EXPECT_EQ(Json::parse(text).dump(2) + "\n", text);
+}
+
+TEST(JsonReport, SetsHaveTheVariablesThatAConstructDoesNotName) {
+    const Json file = Json::parse(jsonText("b = 1; a_ = 1; aB = 1; B = 1; a1 = 1;\n"
+                                           "parfor a = 1:3, a1 = a1; end\nspmd, b = b; end\n"
+                                           "function f, c = 1; spmd, end, end\n"))["files"][0];
+    const Json& constructs = file["constructs"];
+    EXPECT_EQ(constructs[0]["universe"], (Json{"b", "a_", "aB", "B", "a1", "a"}));
+    EXPECT_EQ(constructs[0]["notLiveAsSliced"], (Json{"B", "a", "aB", "a_", "b"}));
+    EXPECT_EQ(constructs[1]["universe"], constructs[0]["universe"]);
+    EXPECT_EQ(constructs[1]["outputs"], (Json{"B", "a", "a1", "aB", "a_"}));
+    EXPECT_EQ(constructs[2]["outputs"], (Json{"c"}));
+}
+
 TEST(JsonReport, PathThatIsNotUtf8GetsAReplacementCharacter) {
     Report report = singleReport("");
     report.files[0].path = "a\xFF.ost";

@@ -97,12 +97,17 @@ TEST(Programs, ContainEveryKindOfNode) {
     EXPECT_EQ(found, ostrel::testing::kindsInText());
 }
 
+std::vector<File> allFiles() {
+    std::vector<File> files;
+    for (const std::string& name : programNames())
+        files.push_back(reportOf(sourceOf(name)));
+    return files;
+}
+
 std::vector<Construct> allConstructs() {
     std::vector<Construct> constructs;
-    for (const std::string& name : programNames()) {
-        const File file = reportOf(sourceOf(name));
+    for (const File& file : allFiles())
         constructs.insert(constructs.end(), file.constructs.begin(), file.constructs.end());
-    }
     return constructs;
 }
 
@@ -122,16 +127,16 @@ bool contains(const std::vector<std::string>& names, const std::string& name) {
 }
 
 /// The answers about the variables of a construct and about the construct itself, as text.
-std::set<std::string> answersIn(const Construct& construct) {
+std::set<std::string> answersIn(const File& file, const Construct& construct) {
     std::set<std::string> answers;
-    for (const std::string& name : construct.universe) {
+    for (const std::string& name : file.scopes.at(construct.scope).universe) {
         if (construct.kind == ConstructKind::Spmd) {
-            answers.insert(contains(construct.outputs, name) ? "output" : "no output");
+            answers.insert(contains(construct.notOutputs, name) ? "no output" : "output");
             continue;
         }
         const bool must = contains(construct.liveAsTemporary, name);
         const bool may = contains(construct.maybeLiveAsTemporary, name);
-        const bool sliced = !contains(construct.notLiveAsSliced, name);
+        const bool sliced = contains(construct.liveAsSliced, name);
         answers.insert(std::string(must  ? "surely live, "
                                    : may ? "maybe live, "
                                          : "not live, ") +
@@ -147,8 +152,10 @@ std::set<std::string> answersIn(const Construct& construct) {
 
 TEST(Programs, ShowEveryResultOfTheAnalyses) {
     std::set<std::string> found;
-    for (const Construct& construct : allConstructs())
-        found.merge(answersIn(construct));
+    for (const File& file : allFiles()) {
+        for (const Construct& construct : file.constructs)
+            found.merge(answersIn(file, construct));
+    }
     EXPECT_EQ(found,
               (std::set<std::string>{
                   "maybe live, live as sliced", "maybe live, not live as sliced",

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <nlohmann/json.hpp>
+
+#include <ostream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace ostrel::report {
+
+/// Writes a JSON text piece by piece, so that it never has to be in memory as a whole.
+///
+/// The text is indented by two, and looks as if nlohmann::json had written all of it at once. Bytes
+/// of a string that aren't UTF-8 become U+FFFD.
+///
+///     JsonStream json(out);
+///     json.beginObject();
+///     json.key("names");
+///     json.beginArray();
+///     json.value("a");
+///     json.endArray();
+///     json.endObject();
+class JsonStream {
+public:
+    using Json = nlohmann::ordered_json;
+
+    explicit JsonStream(std::ostream& stream) : out(stream) {}
+
+    void beginObject() { begin('{'); }
+    void endObject() { end('}'); }
+    void beginArray() { begin('['); }
+    void endArray() { end(']'); }
+
+    /// The name of the next value of an object: ASCII without quotes and backslashes.
+    void key(std::string_view name);
+
+    /// A value that is at hand as a whole.
+    void value(const Json& whole);
+
+    /// An identifier of the program as a string. It needs no escapes, and is written faster.
+    void identifier(std::string_view name);
+
+private:
+    void begin(char bracket);
+    void end(char bracket);
+    void beginValue();
+
+    std::ostream& out;
+    std::vector<bool> isEmpty;    ///< Of each open object and array.
+    std::string lineBreak = "\n"; ///< With the indentation of the current line.
+    bool hasKey = false;          ///< Whether the next value follows its key.
+};
+
+} // namespace ostrel::report
