@@ -4,6 +4,7 @@
 #include "source/Utf8.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <iterator>
 
 namespace ostrel::report {
@@ -30,6 +31,8 @@ constexpr Range WIDE[] = {
     {0x1FA70, 0x1FAFF}, {0x20000, 0x3FFFD},
 };
 
+constexpr char32_t REPLACEMENT = 0xFFFD;
+
 template <std::size_t size>
 bool isIn(const Range (&ranges)[size], char32_t character) {
     const auto next =
@@ -38,23 +41,38 @@ bool isIn(const Range (&ranges)[size], char32_t character) {
     return next != std::begin(ranges) && character <= std::prev(next)->last;
 }
 
-bool isHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
-bool isLowSurrogate(char16_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
+bool isSurrogate(char32_t value) { return value >= 0xD800 && value <= 0xDFFF; }
 
-std::string encode(char32_t character) {
-    if (character < 0x10000) {
-        const auto unit = static_cast<char16_t>(character);
-        return toUtf8(std::u16string_view(&unit, 1));
-    }
-    const char16_t units[] = {static_cast<char16_t>(0xD800 + ((character - 0x10000) >> 10)),
-                              static_cast<char16_t>(0xDC00 + ((character - 0x10000) & 0x3FF))};
-    return toUtf8(std::u16string_view(units, 2));
-}
+/// A direction control as a terminal shows it.
+std::string bracketed(char32_t control) { return "<" + codePointName(control) + ">"; }
 
 } // namespace
 
+bool hasDirectionControl(std::string_view utf8) {
+    for (std::size_t at = 0; at < utf8.size();) {
+        const Utf8Piece piece = utf8PieceAt(utf8, at);
+        if (isDirectionControl(piece.value)) return true;
+        at += piece.length;
+    }
+    return false;
+}
+
+std::string codePointName(char32_t character) {
+    char name[16];
+    std::snprintf(name, sizeof name, "U+%04X", static_cast<unsigned>(character));
+    return name;
+}
+
+Utf8Piece utf8PieceAt(std::string_view utf8, std::size_t at) {
+    char32_t value = 0;
+    const std::size_t length = readCodePoint(utf8, at, value);
+    if (length == 0) return {REPLACEMENT, 1, false};
+    return {value, length, true};
+}
+
 std::size_t widthAt(std::size_t column, char32_t character) {
     if (character == U'\t') return TAB_WIDTH - column % TAB_WIDTH;
+    if (isDirectionControl(character)) return bracketed(character).size();
     if (isIn(ZERO_WIDTH, character)) return 0;
     return isIn(WIDE, character) ? 2 : 1;
 }
@@ -72,10 +90,23 @@ void appendForDisplay(DisplayText& text, char32_t character) {
     const std::size_t width = widthAt(text.width, character);
     if (character == U'\t') {
         text.utf8.append(width, ' ');
+    } else if (isDirectionControl(character)) {
+        text.utf8 += bracketed(character);
     } else {
-        text.utf8 += encode(isUnsafeToShow(character) ? char32_t{0xFFFD} : character);
+        const bool isShown = !isUnsafeToShow(character) && !isSurrogate(character);
+        appendUtf8(text.utf8, isShown ? character : REPLACEMENT);
     }
     text.width += width;
+}
+
+std::string displayed(std::string_view utf8) {
+    DisplayText text;
+    for (std::size_t at = 0; at < utf8.size();) {
+        const Utf8Piece piece = utf8PieceAt(utf8, at);
+        appendForDisplay(text, piece.value);
+        at += piece.length;
+    }
+    return text.utf8;
 }
 
 } // namespace ostrel::report

@@ -1,7 +1,9 @@
 #include "report/HtmlReport.h"
 
+#include "report/DisplayText.h"
 #include "report/HtmlPage.h"
 #include "report/RoleText.h"
+#include "source/UnsafeCharacters.h"
 #include "source/Utf8.h"
 
 #include <algorithm>
@@ -59,30 +61,49 @@ const char* styleOf(SyntaxKind kind) {
     return "comment";
 }
 
-/// Text escaped for elements and attributes.
+/// Appends a character escaped for elements and attributes.
+void appendEscaped(std::string& out, char32_t character) {
+    switch (character) {
+    case U'&':
+        out += "&amp;";
+        break;
+    case U'<':
+        out += "&lt;";
+        break;
+    case U'>':
+        out += "&gt;";
+        break;
+    case U'"':
+        out += "&quot;";
+        break;
+    case U'\'':
+        out += "&#39;";
+        break;
+    default:
+        // Tabs are the only control characters allowed in a page.
+        appendUtf8(out, character < 0x20 && character != U'\t' ? U'?' : character);
+    }
+}
+
+/// A boxed word in place of something that can't be shown.
+std::string boxed(const std::string& text, const std::string& title) {
+    return "<span class=\"letter error\" title=\"" + title + "\">" + text + "</span>";
+}
+
+/// UTF-8 as the content of an element. What changes the direction of writing becomes the boxed name
+/// of the character, and a byte that isn't UTF-8 a boxed U+FFFD.
 std::string escaped(std::string_view text) {
     std::string out;
     out.reserve(text.size());
-    for (const char c : text) {
-        switch (c) {
-        case '&':
-            out += "&amp;";
-            break;
-        case '<':
-            out += "&lt;";
-            break;
-        case '>':
-            out += "&gt;";
-            break;
-        case '"':
-            out += "&quot;";
-            break;
-        case '\'':
-            out += "&#39;";
-            break;
-        default:
-            // Tabs are the only control characters allowed in a page.
-            out += static_cast<unsigned char>(c) < 0x20 && c != '\t' ? '?' : c;
+    for (std::size_t at = 0; at < text.size();) {
+        const Utf8Piece piece = utf8PieceAt(text, at);
+        at += piece.length;
+        if (!piece.isValid) {
+            out += boxed("\xEF\xBF\xBD", "a byte that is not UTF-8");
+        } else if (isDirectionControl(piece.value)) {
+            out += boxed(codePointName(piece.value), "changes the direction of writing");
+        } else {
+            appendEscaped(out, piece.value);
         }
     }
     return out;

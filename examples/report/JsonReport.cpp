@@ -2,6 +2,7 @@
 
 #include "report/JsonStream.h"
 #include "report/Warnings.h"
+#include "source/Utf8.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -60,6 +61,7 @@ private:
         const std::vector<Names> sorted = sortedUniverses(file);
         json.beginObject();
         write("path", file.path);
+        if (!isUtf8(file.path)) write("pathIsNotUtf8", true);
         writeArray("diagnostics", file.diagnostics);
         writeArray("pragmas", file.pragmas);
         json.key("constructs");

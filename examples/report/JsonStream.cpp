@@ -1,5 +1,7 @@
 #include "report/JsonStream.h"
 
+#include "report/DisplayText.h"
+
 #include <string>
 
 namespace ostrel::report {
@@ -9,8 +11,11 @@ namespace {
 constexpr std::size_t INDENT = 2;
 
 std::string dump(const JsonStream::Json& json) {
-    return json.dump(static_cast<int>(INDENT), ' ', false,
-                     JsonStream::Json::error_handler_t::replace);
+    const auto dumped = [&](bool isAscii) {
+        return json.dump(static_cast<int>(INDENT), ' ', isAscii, JsonStream::Json::error_handler_t::replace);
+    };
+    std::string text = dumped(false);
+    return hasDirectionControl(text) ? dumped(true) : text;
 }
 
 } // namespace

@@ -12,7 +12,8 @@ namespace ostrel::report {
 /// Writes a JSON text piece by piece, so that it never has to be in memory as a whole.
 ///
 /// The text is indented by two, and looks as if nlohmann::json had written all of it at once. Bytes
-/// of a string that aren't UTF-8 become U+FFFD.
+/// of a string that aren't UTF-8 become U+FFFD. A string with characters that change the direction
+/// of writing has \u escapes for all that isn't ASCII, so that an editor shows it as it is.
 ///
 ///     JsonStream json(out);
 ///     json.beginObject();

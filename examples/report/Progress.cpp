@@ -1,5 +1,6 @@
 #include "report/Progress.h"
 
+#include "report/DisplayText.h"
 #include "report/Terminal.h"
 
 #include <cstdio>
@@ -25,7 +26,8 @@ void Progress::next(const std::string& path) {
     if (now - lastShown < (isShown ? NEXT_AFTER : FIRST_AFTER)) return;
     std::string line = "file " + std::to_string(started) + " of " + std::to_string(count) + ": ";
     const std::size_t width = terminalWidth(stderr, 80);
-    if (line.size() + path.size() < width) line += path;
+    const std::string name = displayed(path);
+    if (line.size() + name.size() < width) line += name;
     std::cerr << ERASE_LINE << line << std::flush;
     isShown = true;
     lastShown = now;

@@ -3,6 +3,7 @@
 #include "frontend/InputFile.h"
 #include "frontend/ParsedFile.h"
 #include "report/Analyze.h"
+#include "report/DisplayText.h"
 #include "report/HtmlReport.h"
 #include "report/JsonReport.h"
 #include "report/Progress.h"
@@ -42,7 +43,9 @@ constexpr std::array<Format, 3> FORMATS{{
                 const TextStyle&) { writeHtmlReport(out, report); }},
 }};
 
-void complain(const std::string& message) { std::cerr << "orvex-report: " << message << '\n'; }
+void complain(const std::string& message) {
+    std::cerr << "orvex-report: " << displayed(message) << '\n';
+}
 
 /// Why a file that isn't UTF-8 can't be read, and where it stops being UTF-8.
 std::string reasonOf(const ParsedFile& parsed) {

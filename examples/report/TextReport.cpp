@@ -1,5 +1,6 @@
 #include "report/TextReport.h"
 
+#include "report/DisplayText.h"
 #include "report/RoleText.h"
 #include "report/SourceSnippet.h"
 #include "report/Warnings.h"
@@ -47,7 +48,7 @@ Tone toneOf(Role role) {
 }
 
 std::string placeText(const std::string& path, std::size_t line, std::size_t column) {
-    return path + ":" + std::to_string(line) + ":" + std::to_string(column);
+    return displayed(path) + ":" + std::to_string(line) + ":" + std::to_string(column);
 }
 
 std::string padded(std::string text, std::size_t width) {
@@ -106,7 +107,7 @@ private:
             write(file, construct);
         }
         if (file.constructs.empty()) {
-            paint(Tone::Heading, file.path);
+            paint(Tone::Heading, displayed(file.path));
             out << ": no parfor or spmd statement"
                 << (file.hasErrors() ? " in what could be parsed" : "") << '\n';
         }
@@ -130,7 +131,8 @@ private:
                          isError ? "error" : "warning", diagnostic.message);
         }
         if (shown < file.diagnostics.size())
-            out << file.path << ": " << file.diagnostics.size() - shown << " more errors\n";
+            out << displayed(file.path) << ": " << file.diagnostics.size() - shown
+                << " more errors\n";
     }
 
     void write(const File& file, const Warning& warning) {
@@ -138,7 +140,7 @@ private:
         const std::size_t indent = gutterOf(warning.place).size();
         const std::string_view label = "help: ";
         const std::vector<std::string> lines =
-            wrap(warning.help, columnsAfter(indent + label.size()));
+            wrap(displayed(warning.help), columnsAfter(indent + label.size()));
         for (std::size_t i = 0; i < lines.size(); ++i) {
             out << std::string(indent, ' ');
             if (i == 0) paint(Tone::Help, label);
@@ -152,7 +154,7 @@ private:
         paint(Tone::Heading, placeText(file.path, place.line, place.column) + ":");
         out << ' ';
         paint(tone, std::string(severity) + ":");
-        out << ' ' << message << '\n';
+        out << ' ' << displayed(message) << '\n';
         const std::string gutter = gutterOf(place);
         const SourceSnippet snippet =
             cutSnippet(file.source, place, columnsAfter(gutter.size() + 2));

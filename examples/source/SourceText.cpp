@@ -9,41 +9,6 @@ namespace ostrel {
 
 namespace {
 
-/// One row of the UTF-8 table: the lead byte, the length and the lowest value encoded that way.
-struct LeadByte {
-    unsigned char mask;
-    unsigned char bits;
-    std::size_t length;
-    char32_t lowest;
-};
-
-constexpr LeadByte LEAD_BYTES[] = {
-    {0x80, 0x00, 1, 0x0},
-    {0xE0, 0xC0, 2, 0x80},
-    {0xF0, 0xE0, 3, 0x800},
-    {0xF8, 0xF0, 4, 0x10000},
-};
-
-bool isScalarValue(char32_t value) {
-    return value <= 0x10FFFF && !(value >= 0xD800 && value <= 0xDFFF);
-}
-
-/// Reads one code point. Returns its length, or 0 if there is none.
-std::size_t readCodePoint(std::string_view utf8, std::size_t at, char32_t& value) {
-    const auto byte = [&](std::size_t index) { return static_cast<unsigned char>(utf8[index]); };
-    for (const LeadByte& lead : LEAD_BYTES) {
-        if ((byte(at) & lead.mask) != lead.bits) continue;
-        if (at + lead.length > utf8.size()) return 0;
-        value = static_cast<char32_t>(byte(at) & ~lead.mask & 0xFF);
-        for (std::size_t i = 1; i < lead.length; ++i) {
-            if ((byte(at + i) & 0xC0) != 0x80) return 0;
-            value = (value << 6) | (byte(at + i) & 0x3F);
-        }
-        return value >= lead.lowest && isScalarValue(value) ? lead.length : 0;
-    }
-    return 0;
-}
-
 void appendUtf16(std::u16string& units, char32_t value) {
     if (value < 0x10000) {
         units.push_back(static_cast<char16_t>(value));

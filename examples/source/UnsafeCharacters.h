@@ -2,21 +2,19 @@
 
 namespace ostrel {
 
-/// Whether a character must not reach a terminal as it stands: a control character, or one that
-/// changes the direction of writing.
+/// Whether a character changes the direction of writing: a mark, embedding, override or isolate.
+constexpr bool isDirectionControl(char32_t character) {
+    return character == 0x061C || (character >= 0x200E && character <= 0x200F) ||
+           (character >= 0x202A && character <= 0x202E) ||
+           (character >= 0x2066 && character <= 0x2069);
+}
+
+/// Whether a character must not reach a terminal as it stands: a control character, a separator of
+/// lines, or one that changes the direction of writing. May be asked of a UTF-16 unit, too.
 constexpr bool isUnsafeToShow(char32_t character) {
-    struct Range {
-        char32_t first;
-        char32_t last;
-    };
-    // C0, C1, line separators, and marks and overrides of the direction of writing.
-    constexpr Range UNSAFE[] = {
-        {0x0000, 0x001F}, {0x007F, 0x009F}, {0x061C, 0x061C},
-        {0x200E, 0x200F}, {0x2028, 0x202E}, {0x2066, 0x2069},
-    };
-    for (const Range& range : UNSAFE)
-        if (character >= range.first && character <= range.last) return true;
-    return false;
+    const bool isControl = character <= 0x001F || (character >= 0x007F && character <= 0x009F);
+    const bool isSeparator = character == 0x2028 || character == 0x2029;
+    return isControl || isSeparator || isDirectionControl(character);
 }
 
 } // namespace ostrel

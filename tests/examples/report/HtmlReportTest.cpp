@@ -92,6 +92,21 @@ TEST(HtmlReport, BlockCommentIsMarkedOnEachOfItsLines) {
     EXPECT_EQ(count(page, "<span class=\"comment\">"), 4u);
 }
 
+TEST(HtmlReport, CharactersThatChangeTheDirectionAreBoxedNames) {
+    const std::string page = pageOf("% \xE2\x80\xAE\nx = \xE2\x81\xA6;\n", "a\xD8\x9C.ost");
+    EXPECT_THAT(page, HasSubstr("% <span class=\"letter error\" title=\"changes the direction of "
+                                "writing\">U+202E</span>"));
+    EXPECT_THAT(page, HasSubstr(">U+061C</span>.ost</h2>"));
+    EXPECT_EQ(count(page, ">U+2066</span>"), 2u) << "in the source and in the error";
+    EXPECT_EQ(count(page, "\xE2\x80\xAE") + count(page, "\xE2\x81\xA6"), 0u);
+}
+
+TEST(HtmlReport, ByteOfAPathThatIsNotUtf8IsABoxedReplacementCharacter) {
+    EXPECT_THAT(pageOf("", "a\xFF\xC3.ost"),
+                HasSubstr("<h2>a<span class=\"letter error\" title=\"a byte that is not UTF-8\">"
+                          "\xEF\xBF\xBD</span><span"));
+}
+
 TEST(HtmlReport, FileWithoutConstructsAndEmptyFileHavePages) {
     EXPECT_THAT(pageOf("x = 1;\n"), HasSubstr("No parfor or spmd statement."));
     EXPECT_THAT(pageOf(""), HasSubstr("No parfor or spmd statement."));

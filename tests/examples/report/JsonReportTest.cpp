@@ -106,12 +106,21 @@ TEST(JsonReport, SetsHaveTheVariablesThatAConstructDoesNotName) {
     EXPECT_EQ(constructs[2]["outputs"], (Json{"c"}));
 }
 
-TEST(JsonReport, PathThatIsNotUtf8GetsAReplacementCharacter) {
+TEST(JsonReport, PathThatIsNotUtf8GetsAReplacementCharacterAndAMark) {
     Report report = singleReport("");
     report.files[0].path = "a\xFF.ost";
     std::ostringstream out;
     writeJsonReport(out, report);
-    EXPECT_THAT(out.str(), HasSubstr("\"a\xEF\xBF\xBD.ost\""));
+    const Json file = Json::parse(out.str())["files"][0];
+    EXPECT_EQ(file["path"], "a\xEF\xBF\xBD.ost");
+    EXPECT_EQ(file["pathIsNotUtf8"], true);
+    EXPECT_FALSE(Json::parse(jsonText(""))["files"][0].contains("pathIsNotUtf8"));
+}
+
+TEST(JsonReport, CharactersThatChangeTheDirectionAreEscaped) {
+    const std::string text = jsonText("%#ok \xE2\x80\xAE\xC3\xA9\n%#ok \xC3\xA9\n");
+    EXPECT_THAT(text, HasSubstr("\"arguments\": \"\\u202e\\u00e9\""));
+    EXPECT_THAT(text, HasSubstr("\"arguments\": \"\xC3\xA9\""));
 }
 
 } // namespace

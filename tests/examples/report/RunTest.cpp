@@ -124,6 +124,17 @@ TEST(OrvexReport, InvalidUtf8ExitsWith2AndTheOthersAreReported) {
     EXPECT_THAT(outcome.output, HasSubstr("good.ost:1:1: parfor over k"));
 }
 
+TEST(OrvexReport, NothingOfANameReachesTheTerminalAsAControl) {
+    const ScratchFolder scratch;
+    const std::string path = scratch.file("a\x1b[31m\xE2\x80\xAE\xFF.ost", BAD);
+    for (const Outcome& outcome : {runReport({path}), runReport({path + "\n"})}) {
+        const std::string all = outcome.output + outcome.errors;
+        EXPECT_THAT(all, HasSubstr("a\xEF\xBF\xBD[31m<U+202E>\xEF\xBF\xBD.ost"));
+        EXPECT_THAT(all, Not(AnyOf(HasSubstr("\x1b"), HasSubstr("\xE2\x80\xAE"), HasSubstr("\xFF"),
+                                   HasSubstr(".ost\n'"))));
+    }
+}
+
 TEST(OrvexReport, EmptyFileIsAProgram) {
     const ScratchFolder scratch;
     const Outcome outcome = runReport({scratch.file("empty.ost", "")});

@@ -64,7 +64,15 @@ TEST(SourceSnippet, WideCharactersTakeTwoColumnsAndCombiningOnesNone) {
 }
 
 TEST(SourceSnippet, ControlCharactersAreNotPrinted) {
-    EXPECT_EQ(snippet(u"'\x1b[31m' \u202e", 0, 1).source, "'\xEF\xBF\xBD[31m' \xEF\xBF\xBD");
+    EXPECT_EQ(snippet(u"'\x1b[31m' \u2028", 0, 1).source, "'\xEF\xBF\xBD[31m' \xEF\xBF\xBD");
+}
+
+TEST(SourceSnippet, CharactersThatChangeTheDirectionAreNamed) {
+    const SourceSnippet cut = snippet(u"x = '\u202e\u2066'; y", 10, 1);
+    EXPECT_EQ(cut.source, "x = '<U+202E><U+2066>'; y");
+    EXPECT_EQ(cut.marker, "                        ^");
+    for (const char16_t control : std::u16string(u"\u061C\u200E\u200F\u202A\u202E\u2066\u2069"))
+        EXPECT_EQ(snippet(std::u16string(1, control), 0, 1).source.substr(0, 3), "<U+");
 }
 
 TEST(SourceSnippet, LongLineIsCutAroundThePlace) {
