@@ -1,5 +1,6 @@
 #include "frontend/ParsedFile.h"
 
+#include "source/SourceLimit.h"
 #include "source/Utf8.h"
 #include "symbols/ResolveSymbols.h"
 #include "syntax/Characters.h"
@@ -86,7 +87,10 @@ void read(ParsedFile& file, const SourceText& source) {
 ParsedFile parseOstrel(std::string path, std::string_view utf8Text) {
     ParsedFile file;
     file.path = std::move(path);
-    if (auto text = SourceText::fromUtf8(utf8Text)) {
+    if (isSourceTooLarge(utf8Text.size())) {
+        read(file, SourceText());
+        file.diagnostics.push_back({0, 1, 1, Severity::Error, SOURCE_TOO_LARGE});
+    } else if (auto text = SourceText::fromUtf8(utf8Text)) {
         file.source = *std::move(text);
         read(file, file.source);
     } else {

@@ -1,6 +1,7 @@
 #include "Programs.h"
 #include "testing/RandomProgram.h"
 
+#include "source/SourceLimit.h"
 #include "syntax/Limits.h"
 #include "syntax/Printer.h"
 
@@ -9,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <sys/mman.h>
 #include <utility>
 
 namespace ostrel {
@@ -94,6 +96,20 @@ TEST(ParsedFileRobustness, InvalidUtf8IsOneErrorAtItsPlace) {
     EXPECT_EQ(testing::dumpErrors(file), "2:3: the file is not UTF-8 from here on\n");
     EXPECT_EQ(testing::dumpNodes(file), "");
     EXPECT_TRUE(testing::parse("x = '\xC3\xA9';").isUtf8);
+}
+
+TEST(ParsedFileRobustness, TextTooLargeForOffsetsIsOneErrorAndIsNotRead) {
+    EXPECT_FALSE(isSourceTooLarge(MAX_SOURCE_SIZE));
+    EXPECT_TRUE(isSourceTooLarge(MAX_SOURCE_SIZE + 1));
+    // Pages that can't be read: touching one would end the test.
+    const std::size_t size = MAX_SOURCE_SIZE + 1;
+    void* const pages =
+        mmap(nullptr, size, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+    ASSERT_NE(pages, MAP_FAILED);
+    const ParsedFile file = testing::parse({static_cast<const char*>(pages), size});
+    munmap(pages, size);
+    EXPECT_EQ(testing::dumpErrors(file), "1:1: the file is larger than 1 GiB\n");
+    EXPECT_EQ(testing::dumpNodes(file), "");
 }
 
 TEST(ParsedFileRobustness, MutatedProgramsAreParsedToTheEnd) {

@@ -124,6 +124,18 @@ TEST(OrvexReport, InvalidUtf8ExitsWith2AndTheOthersAreReported) {
     EXPECT_THAT(outcome.output, HasSubstr("good.ost:1:1: parfor over k"));
 }
 
+TEST(OrvexReport, FileTooLargeForOffsetsIsRefusedUnread) {
+    const ScratchFolder scratch;
+    const std::string large = scratch.file("large.ost", GOOD);
+    std::error_code error;
+    std::filesystem::resize_file(large, std::uintmax_t{5} << 30, error); // takes no room
+    if (error) GTEST_SKIP() << "no file of 5 GiB: " << error.message();
+    const Outcome outcome = runReport({large, scratch.file("good.ost", GOOD)});
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_THAT(outcome.errors, HasSubstr("large.ost': the file is larger than 1 GiB\n"));
+    EXPECT_THAT(outcome.output, HasSubstr("good.ost:1:1: parfor over k"));
+}
+
 TEST(OrvexReport, NothingOfANameReachesTheTerminalAsAControl) {
     const ScratchFolder scratch;
     const std::string path = scratch.file("a\x1b[31m\xE2\x80\xAE\xFF.ost", BAD);
