@@ -69,8 +69,9 @@ struct ParsedFile {
 /// Parses the text of a file. `path` is stored, not opened.
 ///
 /// Never throws because of the text: every mistake becomes one entry of `diagnostics` and costs the
-/// line that it is on; a text of more than MAX_SOURCE_SIZE bytes is one, and isn't read. Cost: linear in the text. Recursion is bounded (see syntax/Limits.h), and so
-/// is the depth of the tree, on which walkers recurse.
+/// line that it is on; a text of more than MAX_SOURCE_SIZE bytes is one, and isn't read. Cost:
+/// linear in the text. Recursion is bounded (see syntax/Limits.h), and so is the depth of the tree,
+/// on which walkers recurse.
 ParsedFile parseOstrel(std::string path, std::string_view utf8Text);
 
 } // namespace ostrel

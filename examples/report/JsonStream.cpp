@@ -12,7 +12,8 @@ constexpr std::size_t INDENT = 2;
 
 std::string dump(const JsonStream::Json& json) {
     const auto dumped = [&](bool isAscii) {
-        return json.dump(static_cast<int>(INDENT), ' ', isAscii, JsonStream::Json::error_handler_t::replace);
+        return json.dump(static_cast<int>(INDENT), ' ', isAscii,
+                         JsonStream::Json::error_handler_t::replace);
     };
     std::string text = dumped(false);
     return hasDirectionControl(text) ? dumped(true) : text;
