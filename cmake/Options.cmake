@@ -10,6 +10,7 @@ if(PROJECT_IS_TOP_LEVEL AND NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYP
 endif()
 
 option(ZT_ORVEX_DEVELOPER_MODE "Build examples and tests, and treat warnings as errors" OFF)
+option(ZT_ORVEX_BUILD_KIT "Build the companion library zt_orvex_kit" ON)
 option(ZT_ORVEX_BUILD_EXAMPLES "Build the example consumer" ${ZT_ORVEX_DEVELOPER_MODE})
 option(ZT_ORVEX_BUILD_TESTS "Build the tests" ${ZT_ORVEX_DEVELOPER_MODE})
 option(ZT_ORVEX_BUILD_BENCHMARKS "Build the benchmarks" OFF)

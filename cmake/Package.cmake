@@ -60,3 +60,7 @@ endforeach()
 configure_file("${PROJECT_SOURCE_DIR}/cmake/zt_orvex.pc.in"
     "${PROJECT_BINARY_DIR}/zt_orvex.pc" @ONLY)
 install(FILES "${PROJECT_BINARY_DIR}/zt_orvex.pc" DESTINATION "${pkg_config_dir}")
+
+if(ZT_ORVEX_BUILD_KIT)
+    include(KitPackage)
+endif()

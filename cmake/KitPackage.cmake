@@ -1,0 +1,13 @@
+# Installs the kit beside the library, as a component of the same package: included by Package.cmake.
+set_target_properties(zt_orvex_kit PROPERTIES INSTALL_RPATH "\$ORIGIN")
+install(TARGETS zt_orvex_kit EXPORT zt_orvex_kitTargets
+    LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"
+    INCLUDES DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/kit/include/zt_orvex_kit"
+    DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}"
+    FILES_MATCHING PATTERN "*.h" PATTERN "*.def")
+install(EXPORT zt_orvex_kitTargets NAMESPACE zt_orvex:: DESTINATION "${package_dir}")
+
+configure_file("${PROJECT_SOURCE_DIR}/cmake/zt_orvex_kit.pc.in"
+    "${PROJECT_BINARY_DIR}/zt_orvex_kit.pc" @ONLY)
+install(FILES "${PROJECT_BINARY_DIR}/zt_orvex_kit.pc" DESTINATION "${pkg_config_dir}")

@@ -1,0 +1,13 @@
+#pragma once
+
+/// Marks what the kit exports. Everything else is hidden, and can change or disappear without
+/// notice.
+#if defined(_WIN32)
+#if defined(ZT_ORVEX_KIT_BUILDING)
+#define ZT_ORVEX_KIT_EXPORT __declspec(dllexport)
+#else
+#define ZT_ORVEX_KIT_EXPORT __declspec(dllimport)
+#endif
+#else
+#define ZT_ORVEX_KIT_EXPORT __attribute__((visibility("default")))
+#endif

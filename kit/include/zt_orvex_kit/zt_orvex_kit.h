@@ -1,0 +1,10 @@
+#pragma once
+
+/// Everything that the kit offers.
+///
+/// tree/     Is my tree consistent, what does it look like, how do I walk it?
+/// body/     The control flow of a body, and what is live at each of its statements.
+/// reasons/  Why is a variable live or not?
+
+#include <zt_orvex_kit/Export.h>
+#include <zt_orvex_kit/tree/KindName.h>
