@@ -7,7 +7,9 @@
 /// reasons/  Why is a variable live or not?
 
 #include <zt_orvex_kit/Export.h>
+#include <zt_orvex_kit/tree/CheckTree.h>
 #include <zt_orvex_kit/tree/Children.h>
+#include <zt_orvex_kit/tree/Finding.h>
 #include <zt_orvex_kit/tree/KindName.h>
 #include <zt_orvex_kit/tree/Place.h>
 #include <zt_orvex_kit/tree/Traversal.h>
