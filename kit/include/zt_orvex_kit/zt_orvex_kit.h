@@ -9,7 +9,10 @@
 #include <zt_orvex_kit/Export.h>
 #include <zt_orvex_kit/tree/CheckTree.h>
 #include <zt_orvex_kit/tree/Children.h>
+#include <zt_orvex_kit/tree/DumpTree.h>
 #include <zt_orvex_kit/tree/Finding.h>
 #include <zt_orvex_kit/tree/KindName.h>
 #include <zt_orvex_kit/tree/Place.h>
+#include <zt_orvex_kit/tree/Streams.h>
+#include <zt_orvex_kit/tree/SymbolNames.h>
 #include <zt_orvex_kit/tree/Traversal.h>

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tree/CheckReport.h"
+#include "tree/HandleText.h"
 #include "tree/Parts.h"
 
 #include <zt_orvex_kit/tree/KindName.h>
@@ -38,18 +39,13 @@ std::string showAnswer(const Number& number) {
     text << static_cast<std::uint64_t>(number);
     return text.str();
 }
-inline std::string showHandle(const char* what, std::uint64_t handle) {
-    std::ostringstream text;
-    text << what << " 0x" << std::hex << handle;
-    return text.str();
-}
 inline std::string showAnswer(const bool& answer) { return answer ? "true" : "false"; }
 inline std::string showAnswer(const NodeKind& kind) {
     return std::string(kindName(kind)) + " (" + std::to_string(static_cast<int>(kind)) + ")";
 }
-inline std::string showAnswer(const NodeView& node) { return showHandle("node", node.node); }
+inline std::string showAnswer(const NodeView& node) { return handleText("node", node.node); }
 inline std::string showAnswer(const SymbolView& symbol) {
-    return showHandle("symbol", symbol.symbol);
+    return handleText("symbol", symbol.symbol);
 }
 inline std::string showAnswer(const boost::optional<NodeView>& node) {
     return node ? showAnswer(*node) : "none";

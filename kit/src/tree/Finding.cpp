@@ -1,8 +1,9 @@
 #include <zt_orvex_kit/tree/Finding.h>
 
+#include "tree/HandleText.h"
+
 #include <cstddef>
 #include <ostream>
-#include <sstream>
 
 namespace zt::orvex::kit {
 
@@ -18,12 +19,6 @@ constexpr std::string_view MEANINGS[] = {
 #include <zt_orvex_kit/tree/FindingCodes.def>
 };
 
-std::string inHex(std::uint64_t handle) {
-    std::ostringstream text;
-    text << "0x" << std::hex << handle;
-    return text.str();
-}
-
 } // namespace
 
 std::string_view codeText(FindingCode code) { return TEXTS[static_cast<std::size_t>(code)]; }
@@ -32,8 +27,9 @@ std::string_view codeMeaning(FindingCode code) { return MEANINGS[static_cast<std
 
 std::ostream& operator<<(std::ostream& stream, const Finding& finding) {
     stream << codeText(finding.code) << " at " << finding.place;
-    if (finding.node) stream << " (node " << inHex(finding.node->node) << ')';
-    if (finding.symbol) stream << " (symbol " << inHex(finding.symbol->symbol) << ')';
+    if (finding.node) stream << " (" << internal::handleText("node", finding.node->node) << ')';
+    if (finding.symbol)
+        stream << " (" << internal::handleText("symbol", finding.symbol->symbol) << ')';
     return stream << ": " << finding.advice;
 }
 

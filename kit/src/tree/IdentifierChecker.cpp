@@ -2,6 +2,7 @@
 
 #include "support/Utf16ToUtf8.h"
 #include "tree/AskTwice.h"
+#include "tree/HandleText.h"
 
 #include <string>
 
@@ -107,7 +108,7 @@ bool IdentifierChecker::checkNameIsOne(const Identifier& identifier) {
         name.isReported = true;
         report.add(FindingCode::NameAmbiguous, about(identifier.node, SYMBOL),
                    quoted(identifier.name) + " has this symbol here and " +
-                       showHandle("symbol", name.symbol) +
+                       handleText("symbol", name.symbol) +
                        " elsewhere in the scope, so its reads and writes don't meet. Give a name "
                        "one symbol in each scope.",
                    identifier.symbol);
