@@ -51,16 +51,26 @@ inline std::string showAnswer(const boost::optional<NodeView>& node) {
     return node ? showAnswer(*node) : "none";
 }
 
+/// The exception that is being handled, as a finding.
+[[gnu::cold, gnu::noinline]] inline void reportException(CheckReport& report,
+                                                         const Question& question) {
+    try {
+        throw;
+    } catch (const std::exception& exception) {
+        report.addException(question, exception.what());
+    } catch (...) {
+        report.addException(question, "something that is no std::exception");
+    }
+}
+
 /// The answer, or none after an exception, which is a finding then.
 template <typename Ask>
 auto ask(CheckReport& report, const Question& question, const Ask& answer)
     -> std::optional<decltype(answer())> {
     try {
         return answer();
-    } catch (const std::exception& exception) {
-        report.addException(question, exception.what());
     } catch (...) {
-        report.addException(question, "something that is no std::exception");
+        reportException(report, question);
     }
     return std::nullopt;
 }
@@ -70,12 +80,14 @@ auto ask(CheckReport& report, const Question& question, const Ask& answer)
 template <typename Ask>
 auto askTwice(CheckReport& report, const Question& question, const Ask& answer)
     -> std::optional<decltype(answer())> {
-    const auto first = ask(report, question, answer);
-    if (!first) return std::nullopt;
-    const auto second = ask(report, question, answer);
-    if (!second) return std::nullopt;
-    if (isSameAnswer(*first, *second)) return first;
-    report.addChange(question, showAnswer(*first), showAnswer(*second));
+    try {
+        const auto first = answer();
+        const auto second = answer();
+        if (isSameAnswer(first, second)) return first;
+        report.addChange(question, showAnswer(first), showAnswer(second));
+    } catch (...) {
+        reportException(report, question);
+    }
     return std::nullopt;
 }
 

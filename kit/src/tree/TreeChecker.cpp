@@ -25,7 +25,9 @@ bool opensScope(NodeKind kind) {
 } // namespace
 
 std::vector<Finding> TreeChecker::run() {
-    if (checkView({"root", root}, root.view)) {
+    if (root.view == nullptr) {
+        reportView({"root", root}, nullptr);
+    } else {
         checkPseudoNodes();
         checkNode(root, ANYTHING, false);
         while (!path.empty() && !isOver())
@@ -61,7 +63,7 @@ void TreeChecker::step() {
 
 void TreeChecker::endPart() { ++path.top().part; }
 
-void TreeChecker::endElement() { ++path.top().index; }
+void TreeChecker::endElement() { ++path.range().index; }
 
 void TreeChecker::startPart() {
     const CheckLevel& level = path.top();
@@ -96,14 +98,14 @@ void TreeChecker::enterChild(const NodeView& child) {
 /// Keeps the view of both askings: their words may differ if they mean the same range, so what is
 /// compared is what the two say of size and elements.
 void TreeChecker::startRange() {
-    CheckLevel& level = path.top();
+    const CheckLevel& level = path.top();
     const Part& part = *level.part;
     const Question question = {part.name, level.node};
     const auto askForView = [&] { return part.range(*level.node.view, level.node.node); };
     const auto first = ask(report, question, askForView);
-    if (!first || !checkView(question, first->view)) return endPart();
+    if (!first || !isOfTree(question, first->view)) return endPart();
     const auto again = ask(report, question, askForView);
-    if (!again || !checkView(question, again->view)) return endPart();
+    if (!again || !isOfTree(question, again->view)) return endPart();
     const Question sizeQuestion = {part.family->sizeName, level.node};
     const auto size = ask(report, sizeQuestion, [&] { return part.family->sizeOf(*first); });
     if (!size) return endPart();
@@ -117,37 +119,33 @@ void TreeChecker::startRange() {
                        " take them, or raise the limit.");
         return endPart();
     }
-    level.range = *first;
-    level.again = *again;
-    level.size = *size;
-    level.index = 0;
-    level.isInRange = true;
+    path.enterRange({*first, *again, *size});
 }
 
 /// Asks the size anew before each element, as a walk does.
 void TreeChecker::stepInRange() {
-    CheckLevel& level = path.top();
+    const CheckLevel& level = path.top();
     const RangeFamily& family = *level.part->family;
-    const Range range = level.range;
-    const Range again = level.again;
-    const std::uint64_t index = level.index;
+    const CheckRange range = path.range();
     const auto endRange = [&] {
-        level.isInRange = false;
+        path.leaveRange();
         endPart();
     };
     const Question sizeQuestion = {family.sizeName, level.node};
-    const auto size = ask(report, sizeQuestion, [&] { return family.sizeOf(again); });
+    const auto size = ask(report, sizeQuestion, [&] { return family.sizeOf(range.again); });
     if (!size) return endRange();
-    if (*size != level.size) {
-        report.addChange(sizeQuestion, showAnswer(level.size), showAnswer(*size));
+    if (*size != range.size) {
+        report.addChange(sizeQuestion, showAnswer(range.size), showAnswer(*size));
         return endRange();
     }
-    if (index == *size) return endRange();
+    if (range.index == *size) return endRange();
 
     const Question question = {family.elementName, level.node};
-    const auto first = ask(report, question, [&] { return family.elementOf(range, index); });
+    const auto first =
+        ask(report, question, [&] { return family.elementOf(range.range, range.index); });
     if (!first) return endElement();
-    const auto second = ask(report, question, [&] { return family.elementOf(again, index); });
+    const auto second =
+        ask(report, question, [&] { return family.elementOf(range.again, range.index); });
     if (!second) return endElement();
     if (!isSameAnswer(*first, *second)) {
         report.addChange(question, showAnswer(*first), showAnswer(*second));
@@ -177,7 +175,8 @@ void TreeChecker::startHeld() {
 void TreeChecker::checkNode(const NodeView& node, const Role& role, bool isRequired) {
     const NameScopes::ScopeId scope = path.empty() ? NameScopes::ROOT : path.top().scope;
     const Use use = path.empty() ? role.use : passOn(path.top().use, role.use);
-    if (!checkView({"view", node}, node.view) || !claimHandle(node)) return;
+    if (node.view != root.view) return reportView({"view", node}, node.view);
+    if (!claimHandle(node)) return;
     if (++nodes > options.maxNodes) {
         isStopped = true;
         return report.add(FindingCode::TooManyNodes, {"nodes", node},
@@ -191,9 +190,7 @@ void TreeChecker::checkNode(const NodeView& node, const Role& role, bool isRequi
     if (!PartsOf(*kind).empty()) push(node, *kind, use, scope);
 }
 
-/// Whether what an accessor returned belongs to this tree, so that it can be asked.
-bool TreeChecker::checkView(const Question& question, const IAstView* view) {
-    if (view != nullptr && view == root.view) return true;
+void TreeChecker::reportView(const Question& question, const IAstView* view) {
     if (view == nullptr) {
         report.add(
             FindingCode::ViewNull, question,
@@ -206,7 +203,6 @@ bool TreeChecker::checkView(const Question& question, const IAstView* view) {
                    "compared without their trees, so nodes of two trees get mixed up. Return the "
                    "pointer of the tree that was asked.");
     }
-    return false;
 }
 
 /// Whether the node was not met before.
@@ -290,19 +286,12 @@ void TreeChecker::push(const NodeView& node, NodeKind kind, Use use, NameScopes:
                           "accessor that returns a new node at each question, or raise the limit. "
                           "Walks and analyses recurse, so they need a large stack here.");
     }
-    const PartsOf parts(kind);
-    CheckLevel level = {};
-    level.node = node;
-    level.kind = kind;
-    level.held = kind == NodeKind::InputParameter ? askHeldKind(node) : NodeKind::Invalid;
-    level.use = use;
-    level.scope = scope;
     if (opensScope(kind) && !path.empty()) {
-        level.scope = identifiers.scopes().open(scope, kind == NodeKind::AnonymousFunction);
+        scope = identifiers.scopes().open(scope, kind == NodeKind::AnonymousFunction);
     }
-    level.part = parts.begin();
-    level.end = parts.end();
-    path.push(level);
+    const NodeKind held = kind == NodeKind::InputParameter ? askHeldKind(node) : NodeKind::Invalid;
+    const PartsOf parts(kind);
+    path.push({node, parts.begin(), parts.end(), scope, kind, held, use});
 }
 
 /// What a parameter says that it holds; `Invalid` after a finding.

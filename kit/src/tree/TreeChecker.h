@@ -35,7 +35,12 @@ private:
 
     // A node at a place where a part of the kind `role` stands.
     void checkNode(const NodeView& node, const Role& role, bool isRequired);
-    bool checkView(const Question& question, const IAstView* view);
+    /// Whether what an accessor returned belongs to this tree, so that it can be asked.
+    bool isOfTree(const Question& question, const IAstView* view) {
+        if (view != root.view) reportView(question, view);
+        return view == root.view;
+    }
+    [[gnu::cold, gnu::noinline]] void reportView(const Question& question, const IAstView* view);
     bool claimHandle(const NodeView& node);
     std::optional<NodeKind> askKind(const NodeView& node);
     void checkPlace(const NodeView& node, NodeKind kind, const Role& role, bool isRequired);
