@@ -11,3 +11,16 @@ install(EXPORT zt_orvex_kitTargets NAMESPACE zt_orvex:: DESTINATION "${package_d
 configure_file("${PROJECT_SOURCE_DIR}/cmake/zt_orvex_kit.pc.in"
     "${PROJECT_BINARY_DIR}/zt_orvex_kit.pc" @ONLY)
 install(FILES "${PROJECT_BINARY_DIR}/zt_orvex_kit.pc" DESTINATION "${pkg_config_dir}")
+
+# gdb looks for the printers below its folder of scripts, at the whole path of the library. That is
+# known when the installation runs, since the prefix may be another one then.
+install(CODE "
+    set(library \"$<TARGET_FILE_NAME:zt_orvex>\")
+    set(libdir \"${CMAKE_INSTALL_LIBDIR}\")
+    set(printers \"${ZT_ORVEX_GDB_PRINTERS}\")
+")
+install(CODE [[
+    get_filename_component(folder "${CMAKE_INSTALL_PREFIX}/${libdir}" ABSOLUTE)
+    file(INSTALL DESTINATION "${CMAKE_INSTALL_PREFIX}/share/gdb/auto-load${folder}" TYPE FILE
+        RENAME "${library}-gdb.py" FILES "${printers}")
+]])

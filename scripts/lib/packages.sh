@@ -13,6 +13,7 @@ libcli11-dev        the command line of the example
 nlohmann-json3-dev  the JSON output of the example
 pkg-config          the test that finds the installed library with it
 abigail-tools       the test that compares the binary interface with its description
+gdb                 the test of the printers for it
 python3             generates two headers from the table of kinds, and prunes that description
 '
 
