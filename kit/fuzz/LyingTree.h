@@ -4,6 +4,7 @@
 
 #include <zt_orvex/ast/BasicAstView.h>
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <stdexcept>
@@ -105,7 +106,7 @@ protected:
     std::uint64_t rangeSize(std::uint64_t first, std::uint64_t second) const override {
         if (lieAbout(10, first ^ second) != Lie::None) return hash(10, first) >> first % 64;
         if (depthOf(first) > 6) return 0;
-        return hash(second, first) % (depthOf(first) < 3 ? 8 : 4);
+        return hash(second, first) % (depthOf(first) < 2 ? 6 : 3);
     }
     NodeView rangeElement(std::uint64_t index, std::uint64_t first,
                           std::uint64_t second) const override {
@@ -151,13 +152,24 @@ private:
 
     static NodeKind pickKind(const internal::Expected& expected, bool isDeep, std::uint64_t dice) {
         if (expected.kind != NodeKind::Invalid) return expected.kind;
-        std::vector<NodeKind> kinds;
-        for (const NodeKind kind : getAllNodeKinds()) {
-            if (expected.allows(kind) && (!isDeep || internal::PartsOf(kind).empty())) {
-                kinds.push_back(kind);
+        static const auto LEAVES = kindsByClass(true);
+        static const auto ALL = kindsByClass(false);
+        const std::vector<NodeKind>& kinds = (isDeep ? LEAVES : ALL)[expected.flags];
+        return kinds.empty() ? NodeKind::MethodDeclaration : kinds[dice % kinds.size()];
+    }
+
+    /// The kinds that have the flags, by flags.
+    static std::array<std::vector<NodeKind>, 32> kindsByClass(bool isLeaf) {
+        std::array<std::vector<NodeKind>, 32> kinds;
+        for (std::uint8_t flags = 0; flags < kinds.size(); ++flags) {
+            for (const NodeKind kind : getAllNodeKinds()) {
+                const bool isFit = internal::Expected{NodeKind::Invalid, flags}.allows(kind);
+                if (isFit && (!isLeaf || internal::PartsOf(kind).empty())) {
+                    kinds[flags].push_back(kind);
+                }
             }
         }
-        return kinds.empty() ? NodeKind::MethodDeclaration : kinds[dice % kinds.size()];
+        return kinds;
     }
 
     /// What the input says of the answer to a question. Throws for one sort of lie.

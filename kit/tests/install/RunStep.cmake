@@ -19,6 +19,7 @@ function(configure source build prefix)
             -D "CMAKE_CXX_COMPILER=${COMPILER}"
             -D "CMAKE_CXX_FLAGS=${FLAGS}"
             -D "CMAKE_PREFIX_PATH=${prefix}"
+            -D "LOOP_TREE_DIR=${LOOP_TREE_DIR}"
         RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
     set(result "${result}" PARENT_SCOPE)
     set(output "${output}" PARENT_SCOPE)
@@ -87,7 +88,7 @@ function(step_pkg_config)
     separate_arguments(rpath UNIX_COMMAND "-Wl,-rpath,${libdir}")
     file(MAKE_DIRECTORY "${WORK_DIR}")
     set(program "${WORK_DIR}/pkg_config_consumer")
-    execute_process(COMMAND "${COMPILER}" -std=c++17 "${CONSUMER_DIR}/main.cpp" -o "${program}"
+    execute_process(COMMAND "${COMPILER}" -std=c++17 "-I${LOOP_TREE_DIR}" "${CONSUMER_DIR}/main.cpp" -o "${program}"
         ${flags} ${rpath} COMMAND_ERROR_IS_FATAL ANY)
     run_consumer("${program}")
 endfunction()
