@@ -7,6 +7,8 @@
 /// reasons/  Why is a variable live or not?
 
 #include <zt_orvex_kit/Export.h>
+#include <zt_orvex_kit/body/Access.h>
+#include <zt_orvex_kit/body/FlowGraph.h>
 #include <zt_orvex_kit/tree/CheckTree.h>
 #include <zt_orvex_kit/tree/Children.h>
 #include <zt_orvex_kit/tree/DumpTree.h>
