@@ -9,6 +9,9 @@
 #include <zt_orvex_kit/Export.h>
 #include <zt_orvex_kit/body/Access.h>
 #include <zt_orvex_kit/body/FlowGraph.h>
+#include <zt_orvex_kit/reasons/CheckExplanation.h>
+#include <zt_orvex_kit/reasons/Explain.h>
+#include <zt_orvex_kit/reasons/Explanation.h>
 #include <zt_orvex_kit/tree/CheckTree.h>
 #include <zt_orvex_kit/tree/Children.h>
 #include <zt_orvex_kit/tree/DumpTree.h>

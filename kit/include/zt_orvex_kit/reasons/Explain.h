@@ -1,0 +1,40 @@
+#pragma once
+
+#include <zt_orvex/ast/SymbolView.h>
+#include <zt_orvex_kit/Export.h>
+#include <zt_orvex_kit/body/FlowGraph.h>
+#include <zt_orvex_kit/reasons/Explanation.h>
+
+#include <boost/optional.hpp>
+
+namespace zt::orvex::kit {
+
+// Reasons for what the library answers, each of which `checkExplanation` accepts.
+//
+// Paths are the shortest there are; among several, the one whose nodes come first in the source. So
+// the same program has the same reasons on every machine. Each takes time linear in the graph, but
+// for `NotReadOnAPath` where control can only go round in loops: then in the graph times the depth
+// of the loops.
+//
+// All throw std::invalid_argument("element not found") for a symbol outside the universe, or
+// outside that part of it that the graph knows.
+
+/// Why the variable is live at the entry, or why it isn't, under the type and mode of the graph.
+///
+///     const Explanation why = explain(graph, symbol);
+///     for (const FlowNode node : why.path.nodes) show(graph.nodeAt(node));
+ZT_ORVEX_KIT_EXPORT Explanation explain(const FlowGraph& graph, const SymbolView& symbol);
+
+/// Why an iteration of the construct whose body this is may read what an earlier one has written;
+/// nothing if it can't. Throws std::invalid_argument("The graph is not one of type May") for
+/// another.
+ZT_ORVEX_KIT_EXPORT boost::optional<CarriedValue> explainCarried(const FlowGraph& body,
+                                                                 const SymbolView& symbol);
+
+/// Why a value that the construct writes may be read after it; nothing if it can't. `construct` is
+/// the graph of its body, `around` that of a body which holds the construct. Throws as
+/// `explainCarried` does.
+ZT_ORVEX_KIT_EXPORT boost::optional<ValueUsedAfter>
+explainUsedAfter(const FlowGraph& construct, const FlowGraph& around, const SymbolView& symbol);
+
+} // namespace zt::orvex::kit
