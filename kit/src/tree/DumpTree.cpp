@@ -1,5 +1,6 @@
 #include <zt_orvex_kit/tree/DumpTree.h>
 
+#include "tree/EscapedText.h"
 #include "tree/HandleText.h"
 #include "tree/NodeFacts.h"
 #include "tree/TraversalStack.h"
@@ -15,6 +16,7 @@ namespace zt::orvex::kit {
 
 namespace {
 
+using internal::escaped;
 using internal::NodeFacts;
 
 /// Writes a node in one of the formats. `depth` counts from 0 for the root, whose role is empty.
@@ -65,26 +67,6 @@ private:
         if (depth > DEEPEST_INDENT) stream << '[' << depth << "] ";
     }
 };
-
-/// `text` between the quotes of a DOT or JSON string. Only the escapes that both know, and for other
-/// control characters that of JSON.
-std::string escaped(std::string_view text) {
-    static constexpr char DIGITS[] = "0123456789abcdef";
-    std::string result;
-    for (const char c : text) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (c == '"' || c == '\\') {
-            result += {'\\', c};
-        } else if (c == '\n') {
-            result += "\\n";
-        } else if (byte < 0x20) {
-            result += {'\\', 'u', '0', '0', DIGITS[byte / 16], DIGITS[byte % 16]};
-        } else {
-            result += c;
-        }
-    }
-    return result;
-}
 
 class DotFormat final : public Format {
 public:

@@ -6,6 +6,7 @@
 #include <zt_orvex_kit/tree/KindName.h>
 
 #include <cstdint>
+#include <locale>
 #include <sstream>
 #include <string>
 
@@ -14,6 +15,7 @@ namespace zt::orvex::kit::internal {
 /// "0x1f".
 inline std::string hexText(std::uint64_t handle) {
     std::ostringstream text;
+    text.imbue(std::locale::classic()); // which doesn't group digits
     text << "0x" << std::hex << handle;
     return text.str();
 }
