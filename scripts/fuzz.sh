@@ -7,10 +7,10 @@
 #   FUZZER    such as literal_fuzzer; all if none is named
 #   --total   runs nothing, and prints the processor time that each fuzzer has had so far
 #
-# A fuzzer begins with its seeds, fuzz/*/seeds/FUZZER or kit/fuzz/seeds/FUZZER, and with what earlier runs have found worth
-# keeping, build/fuzz/corpus/FUZZER. Two run at a time; ZT_ORVEX_FUZZ_JOBS sets another number. The
-# exit status is 1 if one of them found something: its input stays in build/fuzz/findings, and
-# build/fuzz/bin/FUZZER with that file as its argument shows what happened.
+# A fuzzer begins with its seeds, fuzz/*/seeds/FUZZER or kit/fuzz/seeds/FUZZER, and with what earlier
+# runs have found worth keeping, build/fuzz/corpus/FUZZER. Two run at a time; ZT_ORVEX_FUZZ_JOBS sets
+# another number. The exit status is 1 if one of them found something: its input stays in
+# build/fuzz/findings, and build/fuzz/bin/FUZZER with that file as its argument shows what happened.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 . scripts/lib/build.sh
@@ -28,13 +28,14 @@ print_totals() {
 }
 
 all_fuzzers() {
-    sed -n 's/^ *zt_orvex_add_fuzzer(\([a-z_]*_fuzzer\).*/\1/p' fuzz/*/CMakeLists.txt kit/fuzz/CMakeLists.txt
+    sed -n 's/^ *zt_orvex_add_fuzzer(\([a-z_]*_fuzzer\).*/\1/p' \
+        fuzz/*/CMakeLists.txt kit/fuzz/CMakeLists.txt
 }
 
 # run_fuzzer FUZZER SECONDS: leaves the engine's output in $BUILD/logs/FUZZER.
 run_fuzzer() {
     local name=$1 seconds=$2 seeds words log=$BUILD/logs/$1 options=(-max_len=600)
-    seeds=$(ls -d fuzz/*/seeds/"$name" kit/fuzz/seeds/"$name" 2>/dev/null)
+    seeds=$(find fuzz kit/fuzz -path "*/seeds/$name")
     words=${seeds%/seeds/*}/words.dict
     if [ -f "$words" ]; then options=(-max_len=4000 -dict="$words"); fi
     mkdir -p "$BUILD/corpus/$name"
