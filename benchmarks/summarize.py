@@ -182,6 +182,8 @@ def walk_rows(table):
     table.row("forEachNodeIn, per node", "ideal_array", "walk/ours", "walk/ideal_array", 1.5)
     table.row("forEachNodeIn, per node", "RecursiveASTVisitor", "walk/ours",
               "walk/clang_RecursiveASTVisitor", 0.45)
+    table.row("checkTree, per node", "forEachNodeIn", "check_tree/ours",
+              "check_tree/for_each_node_in", 8)
 
 
 REJECTED = (

@@ -59,7 +59,7 @@ inline std::string showAnswer(const boost::optional<NodeView>& node) {
     } catch (const std::exception& exception) {
         report.addException(question, exception.what());
     } catch (...) {
-        report.addException(question, "something that is no std::exception");
+        report.addException(question, "something that isn't a std::exception");
     }
 }
 

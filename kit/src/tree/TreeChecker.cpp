@@ -275,7 +275,7 @@ void TreeChecker::checkOperator(const Question& question,
     if (!op || *op <= last) return;
     report.add(FindingCode::OperatorUnknown, question,
                std::string(question.operation) + " answered " + showAnswer(*op) +
-                   ", which is no operator. Return an enumerator of Operators.h.");
+                   ", which isn't an operator. Return an enumerator of Operators.h.");
 }
 
 void TreeChecker::push(const NodeView& node, NodeKind kind, Use use, NameScopes::ScopeId scope) {

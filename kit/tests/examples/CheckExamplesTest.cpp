@@ -14,7 +14,7 @@
 #include <sstream>
 #include <string>
 
-// The tree of the example consumer is correct, whatever it has parsed.
+// The tree of the example consumer is correct for every program.
 namespace zt::orvex::kit {
 namespace {
 

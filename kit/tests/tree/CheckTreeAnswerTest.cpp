@@ -199,8 +199,8 @@ TEST_F(CheckTreeAnswer, ExceptionOfAnyTypeIsSurvived) {
         if (size == 3) throw 17;
     };
     EXPECT_EQ(findings(), "answer-threw at ParforStatement.getParforBody");
-    EXPECT_EQ(onlyFinding().advice.substr(0, 66),
-              "getStatementRangeSize threw \"something that is no std::exception\".");
+    EXPECT_EQ(onlyFinding().advice.substr(0, 68),
+              "getStatementRangeSize threw \"something that isn't a std::exception\".");
 }
 
 TEST_F(CheckTreeAnswer, CheckGoesOnAfterAnException) {

@@ -16,19 +16,19 @@ namespace zt::orvex::kit {
 /// What a check holds a tree against. Every limit is inclusive.
 struct CheckTreeOptions {
     std::size_t maxNodes = 10'000'000;
-    std::size_t maxDepth = 1'000'000; ///< Of nodes, from 1 for the root.
+    std::size_t maxDepth = 1'000'000; ///< Nodes with children on one path, the root included.
     std::uint64_t maxRangeSize = 1'000'000;
     std::size_t maxNameLength = 65'536; ///< In UTF-16 units. Longer names aren't read.
-    /// The check ends after as many, and says so in one finding more.
+    /// The check ends at the next one, which it reports as TooManyFindings.
     std::size_t maxFindings = 100;
-    /// The variables of the root's scope, as an analysis of it gets them; null leaves them out.
+    /// The variables of the root's scope, as an analysis gets them. Null: nothing is held against it.
     const flow::OrderedSet<SymbolView>* universe = nullptr;
     /// The symbol of `ans`, as `isAnsPossiblyReadBeforeBeingWritten` gets it.
     std::optional<SymbolView> ans = std::nullopt;
 };
 
-/// Whether a tree answers as `IAstView` asks for, and where it doesn't: no finding for a tree that
-/// the analyses can trust.
+/// Where a tree answers otherwise than `IAstView` requires. There is no finding for a tree that the
+/// analyses can trust.
 ///
 ///     for (const Finding& finding : checkTree(root)) std::cerr << finding << '\n';
 ///
@@ -47,11 +47,11 @@ struct CheckTreeOptions {
 ///
 /// The universe is held against the root's scope alone: against the variables that an analysis of
 /// it reads and writes, without the targets called `ans` that the source doesn't mention. Each
-/// symbol is reported once. Symbols that nothing mentions come last; there are none if a limit ended
-/// the check.
+/// symbol is reported once. Symbols that no identifier has come last, and aren't reported if a limit
+/// hid a part of the tree.
 ///
-/// Findings are in the order in which a walk comes to them, the same at each run. A node that is
-/// wrong itself isn't descended into, so that one mistake doesn't show as many.
+/// Findings are in the order in which a walk comes to them, the same at each run. What is below a
+/// node is left out if its kind isn't known, if it can't be asked, or if it was met before.
 ///
 /// Cost: time and memory are linear in the nodes; the benchmark row check_tree/ours stands beside a
 /// walk of the same tree. Not synchronised: the tree is asked on the calling thread.

@@ -7,7 +7,7 @@
 
 namespace zt::orvex::kit {
 
-/// The enumerator of a kind: "IfStatement". "unknown" for `Invalid` and for a value that is no
+/// The enumerator of a kind: "IfStatement". "unknown" for `Invalid` and for a value that isn't an
 /// enumerator. The text lives as long as the program.
 ///
 /// The library itself prints kinds as numbers; this is for people.
