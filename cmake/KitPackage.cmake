@@ -20,7 +20,7 @@ install(CODE "
     set(printers \"${ZT_ORVEX_GDB_PRINTERS}\")
 ")
 install(CODE [[
-    get_filename_component(folder "${CMAKE_INSTALL_PREFIX}/${libdir}" ABSOLUTE)
+    get_filename_component(folder "${libdir}" ABSOLUTE BASE_DIR "${CMAKE_INSTALL_PREFIX}")
     file(INSTALL DESTINATION "${CMAKE_INSTALL_PREFIX}/share/gdb/auto-load${folder}" TYPE FILE
         RENAME "${library}-gdb.py" FILES "${printers}")
 ]])
