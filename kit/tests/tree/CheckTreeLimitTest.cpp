@@ -86,7 +86,7 @@ TEST_F(CheckTreeLimit, UniverseIsNotHeldAgainstAPartOfATree) {
     EXPECT_EQ(findings().find("universe-symbol-unused"), std::string::npos);
 }
 
-// The stack has 8 MiB, and the analyses and walks take 60 bytes a level at the least.
+// The stack has 8 MiB, and a recursive walk takes 60 bytes a level at least.
 TEST_F(CheckTreeLimit, DepthTakesNoStack) {
     NodeView root = id("a");
     for (std::size_t i = 1; i < options.maxDepth; ++i)

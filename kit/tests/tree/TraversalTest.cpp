@@ -134,7 +134,7 @@ TEST(TraversalOfRandomTrees, VisitsWhatForEachNodeInVisitsInItsOrder) {
     }
 }
 
-// A recursive walk takes 60 bytes a level at the least, and the stack has 8 MiB.
+// The stack has 8 MiB, and a recursive walk takes 60 bytes a level at least.
 TEST_F(Traversal, TakesNoStackForDepth) {
     constexpr std::size_t DEPTH = 1'000'000;
     NodeView root = id("a");

@@ -19,8 +19,8 @@ class TraversalStack;
 /// What a traversal does next.
 enum class Next {
     Descend, ///< Go on with the children.
-    Skip,    ///< Leave the children out. The node is left nevertheless.
-    Stop,    ///< End the traversal at once: no node is left any more.
+    Skip,    ///< Leave the children out. `leave` is called for the node all the same.
+    Stop,    ///< End the traversal at once, without further calls.
 };
 
 /// The node that a traversal is at, and the way to it. Valid during the call that gets it.
@@ -34,7 +34,7 @@ public:
     ZT_ORVEX_KIT_EXPORT NodeKind kind() const;
     /// What the node is to its parent.
     ZT_ORVEX_KIT_EXPORT ChildRole role() const;
-    /// How many ancestors the node has below and including the root of the traversal.
+    /// How many levels the node is below the root of the traversal.
     ZT_ORVEX_KIT_EXPORT std::size_t depth() const;
     /// The ancestor `levels` above the node, from 1 for its parent; none above the root.
     ZT_ORVEX_KIT_EXPORT std::optional<NodeView> ancestor(std::size_t levels = 1) const;
@@ -51,8 +51,8 @@ struct TraversalCallbacks {
     std::function<void(const Visit&)> leave; ///< After the children.
 };
 
-/// Visits `root` and all nodes below it, in the order of `forEachNodeIn`. Returns whether it came to
-/// the end: false after `Next::Stop`.
+/// Visits `root` and all nodes below it, in the order of `forEachNodeIn`. Returns false if it was
+/// stopped.
 ///
 ///     traverse(root, {[&](const Visit& visit) {
 ///                         text += std::string(visit.depth() * 2, ' ');
