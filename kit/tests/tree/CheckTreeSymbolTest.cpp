@@ -179,6 +179,14 @@ TEST_F(CheckTreeSymbol, TargetThatTheSourceDoesNotMentionNeedNotBeInTheUniverse)
               "Identifier.getIdentifierSymbol");
 }
 
+TEST_F(CheckTreeSymbol, TargetWithAnotherNameThanAnsMustBeInTheUniverse) {
+    flow::OrderedSet<SymbolView> own({symbolOf("a")});
+    options.universe = &own;
+    EXPECT_EQ(findings(lying.view(expressionStatement(id("b"), id("a")))),
+              "universe-lacks-symbol at ExpressionStatement.getExpressionStatementTarget > "
+              "Identifier.getIdentifierSymbol");
+}
+
 TEST_F(CheckTreeSymbol, SymbolOfAnsWithAnotherNameIsFound) {
     options.ans = symbolOf("t");
     EXPECT_EQ(findings().substr(0, 134),
