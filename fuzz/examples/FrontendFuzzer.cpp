@@ -23,14 +23,19 @@ void checkTokens(const SourceText& source) {
     }
 }
 
-/// The positions of all offsets, found one by one and in one pass.
+/// From one offset to the next, the position goes on by at most a column, or to the beginning of the
+/// next line.
 void checkPositions(const SourceText& source) {
-    PositionCursor cursor(source);
+    Position last{1, 1};
     for (std::size_t offset = 0; offset <= source.size() && offset < 300; ++offset) {
-        const Position one = source.position(offset);
-        const Position other = cursor.position(offset);
-        require(one.line == other.line && one.column == other.column, "equal positions");
-        require(one.line <= source.lineCount(), "a line of the text");
+        const Position here = source.position(offset);
+        const bool isOnLine =
+            here.line == last.line && here.column >= last.column && here.column <= last.column + 1;
+        const bool isOnNextLine = here.line == last.line + 1 && here.column == 1;
+        require(offset == 0 ? here.line == 1 && here.column == 1 : isOnLine || isOnNextLine,
+                "positions follow each other");
+        require(here.line <= source.lineCount(), "a line of the text");
+        last = here;
     }
 }
 
