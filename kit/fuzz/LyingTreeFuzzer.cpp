@@ -1,10 +1,13 @@
-// A tree that lies as the input says, through the check, and what the check accepts through the walks
-// and the dumps. The check must end, and what it accepts must be safe.
+// A tree that lies as the input says, through the check, and what the check accepts through the walks,
+// the dumps and the flow graph. The check must end, and what it accepts must be safe.
 #include "LyingTree.h"
 
 #include <zt_orvex/analysis/LiveVariables.h>
 #include <zt_orvex/ast/ForEachNodeIn.h>
 #include <zt_orvex/ast/TypedViews.h>
+#include <zt_orvex_kit/body/FlowText.h>
+#include <zt_orvex_kit/reasons/CheckExplanation.h>
+#include <zt_orvex_kit/reasons/Explain.h>
 #include <zt_orvex_kit/tree/CheckTree.h>
 #include <zt_orvex_kit/tree/DumpTree.h>
 #include <zt_orvex_kit/tree/SymbolNames.h>
@@ -32,6 +35,19 @@ std::size_t countVisits(const NodeView& root) {
     return entered;
 }
 
+/// The graph of the body gives the library's answer, and a proof for each symbol.
+void useBody(const ParforStatementView& loop, const flow::OrderedSet<SymbolView>& universe) {
+    const kit::FlowGraph graph(universe, loop.getParforBody(), flow::AnalysisTypeView::May,
+                               flow::AnalysisModeView::Plain);
+    require(!kit::toText(graph).empty() && !kit::toDot(graph).empty());
+    require(graph.liveAtEntry() == flow::computeMaybeLiveAsTemporaryVariables(loop, universe, {}));
+    for (const SymbolView& symbol : universe) {
+        require(kit::checkExplanation(graph, symbol, kit::explain(graph, symbol)).isProof());
+        const auto carried = kit::explainCarried(graph, symbol);
+        require(!carried || kit::checkCarried(graph, symbol, *carried).isProof());
+    }
+}
+
 void useAccepted(const NodeView& root) {
     std::size_t walked = 0;
     forEachNodeIn(root, [&walked](NodeView) { ++walked; });
@@ -46,7 +62,7 @@ void useAccepted(const NodeView& root) {
     flow::OrderedSet<SymbolView> universe;
     for (std::uint64_t symbol = 0; symbol < 3; ++symbol)
         universe.add({symbol, root.view});
-    flow::computeMaybeLiveAsTemporaryVariables(ParforStatementView(root), universe, {});
+    useBody(ParforStatementView(root), universe);
 }
 
 } // namespace
