@@ -182,8 +182,18 @@ def walk_rows(table):
     table.row("forEachNodeIn, per node", "ideal_array", "walk/ours", "walk/ideal_array", 1.5)
     table.row("forEachNodeIn, per node", "RecursiveASTVisitor", "walk/ours",
               "walk/clang_RecursiveASTVisitor", 0.45)
-    table.row("checkTree, per node", "forEachNodeIn", "check_tree/ours",
+
+
+def kit_rows(table):
+    table.row("kit: checkTree, per node", "forEachNodeIn", "check_tree/ours",
               "check_tree/for_each_node_in", 8)
+    for shape in ("straight", "nested", "loops"):
+        for type_ in ("may", "must"):
+            end = f"{shape}/S:1000/V:16/{type_}"
+            table.row(f"kit: FlowGraph, {shape}, V 16, {type_}", "an analysis",
+                      "reasons/flow_graph/" + end, "reasons/analysis/" + end, 1.6)
+            table.row(f"kit: FlowGraph and all reasons, {shape}, V 16, {type_}", "an analysis",
+                      "reasons/explain_all/" + end, "reasons/analysis/" + end, 10)
 
 
 REJECTED = (
@@ -218,7 +228,8 @@ def print_rejected(results):
 def main():
     results = Results(sys.argv[1])
     table = Table(results)
-    for rows in (analysis_rows, walk_rows, bitset_rows, order_rows, literal_rows, look_up_rows):
+    for rows in (analysis_rows, walk_rows, bitset_rows, order_rows, literal_rows, look_up_rows,
+                 kit_rows):
         rows(table)
     print(f"\nMissed: {', '.join(table.missed) if table.missed else 'none'}.")
     print_rejected(results)
