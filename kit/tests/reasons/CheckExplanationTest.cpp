@@ -64,6 +64,12 @@ TEST_F(CheckExplanationTest, PathToAReadMustBeOne) {
               "The last node of the path doesn't have the read.");
 }
 
+TEST_F(CheckExplanationTest, ReadOfAnotherStatementIsRefused) {
+    const FlowGraph& graph = graphOf({assign(id("y"), id("x")), assign(id("a"), id("x"))});
+    EXPECT_EQ(broken(graph, "x", [&](Explanation& why) { why.path.access = graph.accesses(2)[0]; }),
+              "The last node of the path doesn't have the read.");
+}
+
 TEST_F(CheckExplanationTest, WriteAtTheEndOfThePathIsNoRead) {
     const FlowGraph& graph = graphOf({assign(id("x"), id("x"))});
     EXPECT_EQ(broken(graph, "x", [&](Explanation& why) { why.path.access = graph.accesses(1)[1]; }),

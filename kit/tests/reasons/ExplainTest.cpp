@@ -69,6 +69,15 @@ TEST_F(ExplainTest, MayNotLiveNamesTheFirstWrites) {
     EXPECT_THAT(why.writes, ElementsAre(2, 3));
 }
 
+TEST_F(ExplainTest, WritesComeInTheOrderOfTheSource) {
+    // 1 if c, 2 a = b, 3 x = a, else, 4 x = b, end, 5 y = x: a search meets 4 before 3
+    const FlowGraph& graph =
+        graphOf({ifStatement(id("c"), {assign(id("a"), id("b")), assign(id("x"), id("a"))}, {},
+                             elseClause({assign(id("x"), id("b"))})),
+                 assign(id("y"), id("x"))});
+    EXPECT_THAT(explain(graph, "x").writes, ElementsAre(3, 4));
+}
+
 TEST_F(ExplainTest, WritesAfterWhichNothingReadsAreLeftOut) {
     // 1 if c, 2 x = a, 3 return, end, 4 x = b, 5 y = x
     const FlowGraph& graph =
@@ -131,11 +140,31 @@ TEST_F(ExplainTest, LoopWithoutABodyGoesRoundAtItsHead) {
 }
 
 TEST_F(ExplainTest, EndOfThePathComesBeforeAnEquallyLongLoop) {
-    // 1 while c, 2 x = a, end
-    const FlowGraph& graph = graphOf({whileLoop(id("c"), {assign(id("x"), id("a"))})}, MUST);
+    // 1 while c, end, 2 x = a, 3 y = x
+    const FlowGraph& graph =
+        graphOf({whileLoop(id("c"), {}), assign(id("x"), id("a")), assign(id("y"), id("x"))}, MUST);
     const Explanation why = explain(graph, "x");
     EXPECT_EQ(why.path.nodes, (Path{0, 1, 2}));
     EXPECT_EQ(why.path.end, PathEnd::Write);
+}
+
+TEST_F(ExplainTest, OfEquallyLongLoopsTheOneThatComesFirstInTheSourceIsTaken) {
+    // 1 if c, 2 a = b, 3 while c, end, else, 4 while c, 5 a = b, end, end, 6 y = x
+    const testing::Nodes shortLoop = {assign(id("a"), id("b")), whileLoop(id("c"), {})};
+    const NodeView longLoop = whileLoop(id("c"), {assign(id("a"), id("b"))});
+    EXPECT_EQ(explain(graphOf({ifStatement(id("c"), shortLoop, {}, elseClause({longLoop})),
+                               assign(id("y"), id("x"))},
+                              MUST),
+                      "x")
+                  .path.nodes,
+              (Path{0, 1, 2, 3, 3}));
+    // 1 if c, 2 while c, 3 a = b, end, else, 4 a = b, 5 while c, end, end, 6 y = x
+    EXPECT_EQ(explain(graphOf({ifStatement(id("c"), {longLoop}, {}, elseClause(shortLoop)),
+                               assign(id("y"), id("x"))},
+                              MUST),
+                      "x")
+                  .path.nodes,
+              (Path{0, 1, 2, 3, 2}));
 }
 
 TEST_F(ExplainTest, ConditionalReadIsAReasonUnderMayAlone) {
