@@ -1,6 +1,6 @@
 #include "report/Classify.h"
 
-#include "report/BodyFlow.h"
+#include "report/FirstAndLastUses.h"
 #include "report/OwnElements.h"
 #include "source/Utf8.h"
 
@@ -36,7 +36,7 @@ public:
                const PlaceFinder& placeFinder)
         : file(parsed), construct(which), universe(variables), answers(libraryAnswers),
           places(placeFinder), kind(kindOf(construct)),
-          flows(traceBody(bodyOf(construct), universe)) {
+          uses(findFirstAndLastUses(file, bodyOf(construct), universe)) {
         for (std::size_t i = 0; i < universe.size(); ++i)
             indices.emplace(universe[i], i);
         if (kind == ConstructKind::Parfor) noteLoopVariable(ParforStatementView(construct.node));
@@ -48,7 +48,7 @@ public:
         std::vector<Variable> named;
         for (std::size_t i = 0; i < all.size(); ++i) {
             if (all[i].places.empty()) continue;
-            describe(all[i], universe[i], flows[i]);
+            describe(all[i], universe[i], uses[i]);
             named.push_back(std::move(all[i]));
         }
         return named;
@@ -58,7 +58,7 @@ private:
     void noteLoopVariable(ParforStatementView loop) {
         loopVariable = IdentifierView(loop.getParforVariable()).getIdentifierSymbol();
         const auto index = indices.find(*loopVariable);
-        const bool isWritten = index != indices.end() && flows[index->second].lastWrite;
+        const bool isWritten = index != indices.end() && uses[index->second].lastWrite;
         if (!isWritten) ownElements = findOwnElements(loop);
     }
 
@@ -87,24 +87,25 @@ private:
                                 : file.tree->beginOffset(body[0]);
     }
 
-    void describe(Variable& variable, SymbolView symbol, const VariableFlow& flow) {
+    void describe(Variable& variable, SymbolView symbol, const FirstAndLastUses& of) {
         variable.name = toUtf8(file.tree->symbolName(symbol));
         variable.hasOwnElements = ownElements.count(symbol) != 0;
         variable.isReadOnEveryPath = answers.liveAsTemporary.count(symbol) != 0;
-        variable.role = roleOf(evidenceOf(variable, symbol, flow));
-        if (flow.lastWrite) variable.lastWrite = placeOfWrite(flow);
+        variable.role = roleOf(evidenceOf(variable, symbol, of));
+        if (of.lastWrite) variable.lastWrite = placeOfWrite(*of.lastWrite);
         const bool isPartWriteOfSlice = variable.role == Role::Sliced && !variable.hasOwnElements;
         if (variable.role == Role::LoopVariable || isPartWriteOfSlice) return;
-        if (flow.firstRead) variable.firstRead = places.of(*flow.firstRead);
-        variable.isFirstReadPartialWrite = flow.isFirstReadPartWrite;
+        if (!of.firstRead) return;
+        variable.firstRead = places.of(of.firstRead->access.identifier);
+        variable.isFirstReadPartialWrite = kit::isWrite(of.firstRead->access.kind);
     }
 
     Evidence evidenceOf(const Variable& variable, SymbolView symbol,
-                        const VariableFlow& flow) const {
+                        const FirstAndLastUses& of) const {
         Evidence evidence;
         evidence.kind = kind;
         evidence.isLoopVariable = loopVariable == symbol;
-        evidence.isWritten = flow.lastWrite.has_value();
+        evidence.isWritten = of.lastWrite.has_value();
         evidence.isLive = isLive(symbol) || !variable.isInBody; // else the head reads it
         evidence.isLiveAsSliced = answers.notLiveAsSliced.count(symbol) == 0;
         evidence.hasOwnElements = variable.hasOwnElements;
@@ -121,9 +122,9 @@ private:
     }
 
     /// An `ans` that isn't in the text is written where its statement is.
-    Place placeOfWrite(const VariableFlow& flow) {
-        const bool isImplicit = file.tree->isImplicit(*flow.lastWrite);
-        return places.of(isImplicit ? *flow.lastWriteStatement : *flow.lastWrite);
+    Place placeOfWrite(const Use& write) const {
+        const bool isImplicit = write.access.kind == kit::AccessKind::ImplicitTarget;
+        return isImplicit ? places.of(write.statement) : places.of(write.access.identifier);
     }
 
     const ParsedFile& file;
@@ -132,7 +133,7 @@ private:
     const LibraryAnswers& answers;
     const PlaceFinder& places;
     ConstructKind kind;
-    std::vector<VariableFlow> flows;
+    std::vector<FirstAndLastUses> uses;
     std::unordered_map<SymbolView, std::size_t> indices;
     std::optional<SymbolView> loopVariable;
     SymbolSet ownElements;

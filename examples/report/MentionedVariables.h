@@ -12,9 +12,9 @@ namespace ostrel::report {
 /// The variables that each construct of a file names.
 ///
 /// They are all that the analyses of a construct need to know. A variable of the scope that a
-/// construct doesn't name is neither read nor written there, so the library finds it not live,
-/// whatever the body; but given as part of the universe, it costs a bit in each set, and a scope
-/// may have thousands of such variables and of constructs.
+/// construct doesn't name is neither read nor written there, so the library never finds it live. But
+/// given as part of the universe, it costs a bit in each set, and a scope may have thousands of such
+/// variables and of constructs.
 class MentionedVariables {
 public:
     /// Refers to `parsed`. Cost: linear in the symbols.

@@ -6,8 +6,8 @@ namespace ostrel::testing {
 
 /// What a computation costs, counted rather than timed, so that a busy machine doesn't matter.
 struct Cost {
-    /// Basic blocks that ran in the front end, the report and the library, and one for each 16
-    /// bytes that they allocate or have the C library copy, fill, compare or search.
+    /// Basic blocks that ran in the front end, the report, the library and the kit, and one for each
+    /// 16 bytes that they allocate or have the C library copy, fill, compare or search.
     std::size_t steps = 0;
 
     /// The most memory from `operator new` in use at one time, in bytes, beyond what was in use

@@ -1,7 +1,7 @@
 #include "RandomConstruct.h"
 #include "ReportOf.h"
 
-#include "report/BodyFlow.h"
+#include "report/FirstAndLastUses.h"
 #include "report/LibraryAnswers.h"
 #include "source/Utf8.h"
 #include "testing/Random.h"
@@ -37,17 +37,19 @@ std::set<std::string> liveByLibrary(const ParsedFile& file, const ostrel::Constr
     return names;
 }
 
-std::set<std::string> liveByTrace(const ParsedFile& file, const ostrel::Construct& construct) {
+/// The variables with a first read.
+std::set<std::string> readFromEntry(const ParsedFile& file, const ostrel::Construct& construct) {
     const ostrel::Scope& scope = file.scopes[construct.scope];
-    const std::vector<VariableFlow> flows = traceBody(bodyOf(construct), scope.universe);
+    const std::vector<FirstAndLastUses> uses =
+        findFirstAndLastUses(file, bodyOf(construct), scope.universe);
     std::set<std::string> names;
-    for (std::size_t i = 0; i < flows.size(); ++i) {
-        if (flows[i].firstRead) names.insert(nameOf(file, scope.universe[i]));
+    for (std::size_t i = 0; i < uses.size(); ++i) {
+        if (uses[i].firstRead) names.insert(nameOf(file, scope.universe[i]));
     }
     return names;
 }
 
-TEST(BodyFlow, FindsAFirstReadOfExactlyTheVariablesThatAreLive) {
+TEST(FirstAndLastUses, FindsAFirstReadOfExactlyTheVariablesThatAreLive) {
     zt::orvex::testing::Random random;
     SCOPED_TRACE(random.describe());
     RandomConstruct programs(random);
@@ -57,11 +59,11 @@ TEST(BodyFlow, FindsAFirstReadOfExactlyTheVariablesThatAreLive) {
         ASSERT_FALSE(file.hasErrors()) << file.diagnostics.front().message << '\n' << text;
         ASSERT_FALSE(file.constructs.empty());
         for (const ostrel::Construct& construct : file.constructs)
-            ASSERT_EQ(liveByTrace(file, construct), liveByLibrary(file, construct)) << text;
+            ASSERT_EQ(readFromEntry(file, construct), liveByLibrary(file, construct)) << text;
     }
 }
 
-TEST(BodyFlow, RandomConstructsHaveLiveVariablesAndOthers) {
+TEST(FirstAndLastUses, RandomConstructsHaveLiveVariablesAndOthers) {
     zt::orvex::testing::Random random;
     RandomConstruct programs(random);
     std::set<std::size_t> sizes;
@@ -72,26 +74,60 @@ TEST(BodyFlow, RandomConstructsHaveLiveVariablesAndOthers) {
     EXPECT_GE(sizes.size(), 5U);
 }
 
-TEST(BodyFlow, FirstReadIsTheFirstThatTheEntryReaches) {
+TEST(FirstAndLastUses, FirstReadIsTheFirstThatTheEntryReaches) {
     const File file = reportOf("x = 1; c = 1;\nparfor k = 1:3\n"
                                " if c\n  x = 2;\n  y = x;\n end\n z = x;\n w = x;\nend");
     EXPECT_EQ(lineAndColumn(*variableOf(file.constructs.at(0), "x").firstRead), "7:6");
 }
 
-TEST(BodyFlow, PlainReadOfAStatementComesBeforeItsPartialWrite) {
+TEST(FirstAndLastUses, FirstReadOfAStatementIsTheFirstInTheSource) {
+    const File file = reportOf("x = 1; y = 1; z = 1;\nparfor k = 1:3\n"
+                               " z(x) = x + y(y);\nend");
+    EXPECT_EQ(lineAndColumn(*variableOf(file.constructs.at(0), "x").firstRead), "3:4");
+    EXPECT_EQ(lineAndColumn(*variableOf(file.constructs.at(0), "y").firstRead), "3:13");
+}
+
+TEST(FirstAndLastUses, RangeOfANestedParforComesBeforeItsOptions) {
+    const File file = reportOf("n = 1;\nspmd\n parfor (j = 1:n, n)\n end\nend");
+    EXPECT_EQ(lineAndColumn(*variableOf(file.constructs.at(0), "n").firstRead), "3:16");
+}
+
+TEST(FirstAndLastUses, ReadsOfAStatementSeeTheValueFromBeforeItsWrites) {
+    const File file = reportOf("x = 1;\nspmd\n [x, x(1)] = f();\nend");
+    const Variable variable = variableOf(file.constructs.at(0), "x");
+    EXPECT_EQ(lineAndColumn(*variable.firstRead), "3:6");
+    EXPECT_TRUE(variable.isFirstReadPartialWrite);
+    EXPECT_EQ(lineAndColumn(*variable.lastWrite), "3:6");
+}
+
+TEST(FirstAndLastUses, PrintedStatementIsFollowedByWhatComesAfterIt) {
+    const File file = reportOf("x = 1;\nparfor k = 1:3\n x = 2\n y = x\n x = y\nend");
+    const Variable variable = variableOf(file.constructs.at(0), "x");
+    EXPECT_FALSE(variable.firstRead);
+    EXPECT_EQ(lineAndColumn(*variable.lastWrite), "5:2");
+}
+
+TEST(FirstAndLastUses, PlainReadOfAStatementComesBeforeItsPartialWrite) {
     const File file = reportOf("x = 1;\nparfor k = 1:3\n x(1) = x(2);\nend");
     const Variable variable = variableOf(file.constructs.at(0), "x");
     EXPECT_EQ(lineAndColumn(*variable.firstRead), "3:9");
     EXPECT_FALSE(variable.isFirstReadPartialWrite);
 }
 
-TEST(BodyFlow, LastWriteIsOneThatControlReaches) {
+TEST(FirstAndLastUses, LastWriteIsOneThatControlReaches) {
     const File file =
         reportOf("x = 1;\nparfor k = 1:3\n x = x + 1;\n if k, x = 2; end\n return\n x = 3;\nend");
     EXPECT_EQ(lineAndColumn(*variableOf(file.constructs.at(0), "x").lastWrite), "4:8");
 }
 
-TEST(BodyFlow, EveryStatementOfATryBodyMayFail) {
+TEST(FirstAndLastUses, ImplicitAnsIsWrittenByItsWholeStatement) {
+    const File file = reportOf("spmd\n f(1);\n y = ans;\nend");
+    const Place write = *variableOf(file.constructs.at(0), "ans").lastWrite;
+    EXPECT_EQ(lineAndColumn(write), "2:2");
+    EXPECT_GE(write.length, std::string("f(1)").size());
+}
+
+TEST(FirstAndLastUses, EveryStatementOfATryBodyMayFail) {
     const File file =
         reportOf("x = 1;\nparfor k = 1:3\n try\n  x = 2;\n catch e\n  y = x;\n end\nend");
     EXPECT_EQ(lineAndColumn(*variableOf(file.constructs.at(0), "x").firstRead), "6:7");
