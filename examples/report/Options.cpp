@@ -17,8 +17,9 @@ const std::map<std::string, ColorChoice> COLOR_CHOICES{
 constexpr const char* DESCRIPTION =
     "Reports the role of each variable in the parfor and spmd statements of Ostrel source files.";
 constexpr const char* FOOTER =
-    "Exit status: 0 when every file was read without an error, 1 when a file has errors,\n"
-    "2 on wrong usage, a file that cannot be read, or too little memory.";
+    "Exit status: 0 when every file was read without an error, 1 when a file has errors\n"
+    "or --check-tree finds its tree wrong, 2 on wrong usage, a file that cannot be read,\n"
+    "or too little memory.";
 
 std::string failureText(const CLI::App*, const CLI::Error& error) {
     return std::string("orvex-report: ") + error.what() +
@@ -48,6 +49,8 @@ ParsedOptions parseOptions(int count, const char* const* arguments,
     app.add_option("--color", color, "Whether to colour text; auto: on a terminal")
         ->check(CLI::IsMember({"auto", "always", "never"}))
         ->capture_default_str();
+    app.add_flag("--check-tree", options.checksTrees,
+                 "Check the tree of each file first; for work on the parser");
     app.add_option("FILE", options.files, "Source files; - is standard input")
         ->required()
         ->type_name("");

@@ -12,6 +12,7 @@ struct Options {
     std::string format = "text";
     std::string output; ///< A path; empty for standard output.
     ColorChoice color = ColorChoice::Auto;
+    bool checksTrees = false; ///< Whether the front end's trees are checked before they are used.
     std::vector<std::string> files; ///< At least one; `-` is standard input.
 };
 

@@ -1,7 +1,6 @@
 #include "report/Run.h"
 
 #include "frontend/InputFile.h"
-#include "frontend/ParsedFile.h"
 #include "report/Analyze.h"
 #include "report/DisplayText.h"
 #include "report/HtmlReport.h"
@@ -9,6 +8,7 @@
 #include "report/Progress.h"
 #include "report/Terminal.h"
 #include "report/TextReport.h"
+#include "report/TreeCheck.h"
 
 #include <algorithm>
 #include <array>
@@ -21,6 +21,7 @@
 #include <iostream>
 #include <new>
 #include <optional>
+#include <sstream>
 #include <stdexcept>
 #include <string_view>
 #include <system_error>
@@ -55,11 +56,23 @@ std::string reasonOf(const ParsedFile& parsed) {
            ": " + first.message;
 }
 
-/// The report on a file. Throws std::runtime_error if the file can't be read.
-File reportOn(const std::string& path) {
+/// Throws std::runtime_error if the file can't be read.
+ParsedFile readFile(const std::string& path) {
     ParsedFile parsed = parseOstrel(path, readInput(path));
     if (!parsed.isUtf8) throw std::runtime_error(reasonOf(parsed));
-    return analyze(std::move(parsed));
+    return parsed;
+}
+
+/// Whether the tree of a file may be analysed. On a wrong tree an analysis may give wrong answers,
+/// or not end. The findings are gathered first, since the line of progress must be erased before
+/// they are written.
+bool mayAnalyze(const ParsedFile& parsed, const Options& options, Progress& progress) {
+    if (!options.checksTrees) return true;
+    std::ostringstream errors;
+    if (isTreeCorrect(parsed, errors)) return true;
+    progress.erase();
+    std::cerr << errors.str();
+    return false;
 }
 
 /// The value of an environment variable; empty if it isn't set.
@@ -122,7 +135,9 @@ std::vector<std::string> formatNames() {
     return names;
 }
 
-int run(const Options& options) {
+int run(const Options& options) { return run(options, readFile); }
+
+int run(const Options& options, const FileReader& read) {
     if (const auto objection = objectionTo(options)) {
         complain(*objection);
         return EXIT_CANNOT_DO;
@@ -138,7 +153,12 @@ int run(const Options& options) {
     for (const std::string& path : options.files) {
         progress.next(path);
         try {
-            report.files.push_back(reportOn(path));
+            ParsedFile parsed = read(path);
+            if (!mayAnalyze(parsed, options, progress)) {
+                status = std::max(status, EXIT_FILE_HAS_ERRORS);
+                continue;
+            }
+            report.files.push_back(analyze(std::move(parsed)));
             if (report.files.back().hasErrors()) status = std::max(status, EXIT_FILE_HAS_ERRORS);
         } catch (const std::runtime_error& error) {
             leaveOut(path, error.what());

@@ -6,6 +6,7 @@
 #include "report/HtmlReport.h"
 #include "report/JsonReport.h"
 #include "report/TextReport.h"
+#include "report/TreeCheck.h"
 
 #include <gtest/gtest.h>
 
@@ -59,6 +60,7 @@ Stages measure(const std::string& program) {
     Stages stages;
     ParsedFile parsed;
     stages["parsing"].cost = costOf([&] { parsed = parseOstrel("test.ost", program); });
+    stages["check of the tree"] = writing([&](std::ostream& out) { isTreeCorrect(parsed, out); });
     Report report;
     stages["analysis"].cost = costOf([&] { report.files.push_back(analyze(std::move(parsed))); });
     stages["text"] = writing([&](std::ostream& out) { writeTextReport(out, report, {}); });
@@ -83,7 +85,8 @@ void expectLinear(const Shape& shape) {
     const Stages large = measure(shape.program(4 * shape.size));
     for (const auto& [stage, before] : small) {
         const Measured& after = large.at(stage);
-        double due = stage == "parsing" ? 4 : static_cast<double>(shape.analysisGrowth);
+        const bool isOfText = stage == "parsing" || stage == "check of the tree";
+        double due = isOfText ? 4 : static_cast<double>(shape.analysisGrowth);
         due = std::max(due, growth(before.written, after.written, 0));
         const double steps = growth(before.cost.steps, after.cost.steps, FIXED_STEPS);
         const double peak = growth(before.cost.peak, after.cost.peak, FIXED_BYTES);

@@ -40,6 +40,17 @@ TEST(OrvexReport, FileWithErrorsExitsWith1AndIsReported) {
     EXPECT_EQ(outcome.errors, "");
 }
 
+TEST(OrvexReport, CheckOfACorrectTreeChangesNothing) {
+    const ScratchFolder scratch;
+    for (const std::string& path : {scratch.file("good.ost", GOOD), scratch.file("bad.ost", BAD)}) {
+        const Outcome unchecked = runReport({path});
+        const Outcome checked = runReport({"--check-tree", path});
+        EXPECT_EQ(checked.status, unchecked.status);
+        EXPECT_EQ(checked.output, unchecked.output);
+        EXPECT_EQ(checked.errors, "");
+    }
+}
+
 TEST(OrvexReport, MinusReadsStandardInput) {
     const Outcome outcome = runReport({"--format", "json", "-"}, GOOD);
     EXPECT_EQ(outcome.status, 0);
@@ -59,7 +70,7 @@ TEST(OrvexReport, HelpAndVersionGoToStandardOutput) {
     EXPECT_EQ(help.status, 0);
     EXPECT_THAT(help.output,
                 AllOf(HasSubstr("--format"), HasSubstr("--output"), HasSubstr("--color"),
-                      HasSubstr("FILE"), HasSubstr("Exit status")));
+                      HasSubstr("--check-tree"), HasSubstr("FILE"), HasSubstr("Exit status")));
     EXPECT_EQ(help.errors, "");
     const Outcome version = runReport({"--version"});
     EXPECT_EQ(version.status, 0);
