@@ -10,6 +10,7 @@
 #include <zt_orvex_kit/body/Access.h>
 #include <zt_orvex_kit/body/FlowGraph.h>
 #include <zt_orvex_kit/body/FlowText.h>
+#include <zt_orvex_kit/body/Span.h>
 #include <zt_orvex_kit/reasons/CheckExplanation.h>
 #include <zt_orvex_kit/reasons/Explain.h>
 #include <zt_orvex_kit/reasons/Explanation.h>

@@ -66,8 +66,8 @@ TEST(RulesThatSurprise, EveryProgramOfThePageGivesWhatThePageSays) {
     for (const Rule& rule : rules) {
         SCOPED_TRACE(rule.title);
         // Written somewhere, so that they are variables.
-        const std::string text = "a = 0; b = 0; c = 0; s = 0; x = 0; y = 0;\nparfor i = 1:9\n" +
-                                 rule.program + "end\n";
+        const std::string text =
+            "a = 0; b = 0; c = 0; s = 0; x = 0; y = 0;\nparfor i = 1:9\n" + rule.program + "end\n";
         const ostrel::ParsedFile file = ostrel::parseOstrel("rule.ost", text);
         ASSERT_FALSE(file.hasErrors()) << text;
         ASSERT_FALSE(file.constructs.empty());

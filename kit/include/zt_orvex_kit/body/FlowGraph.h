@@ -79,8 +79,8 @@ public:
     /// reaches.
     Span<FlowNode> predecessors(FlowNode node) const { return backward.of(node); }
 
-    /// What the head reads and writes: reads before writes, both in the order of the parts, one for
-    /// each occurrence of a variable of the universe.
+    /// What the head reads and writes, one for each occurrence of a variable of the universe: first
+    /// what it reads only, then the targets from left to right, each with its subscripts before it.
     Span<Access> accesses(FlowNode node) const {
         return {allAccesses.data() + accessBegin[node], allAccesses.data() + accessBegin[node + 1]};
     }
