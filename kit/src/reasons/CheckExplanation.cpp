@@ -92,31 +92,43 @@ ExplanationCheck checkReadOnAPath(const FlowGraph& graph, const Look& look, cons
     return checkWayToRead(look, path, 0);
 }
 
+/// Which nodes some path from the entry comes to, if paths end at nodes for which `stops` holds.
+template <typename Stops>
+std::vector<bool> reachedNodes(const FlowGraph& graph, Stops stops) {
+    std::vector<bool> isReached(graph.size());
+    std::vector<FlowNode> waiting{graph.entry()};
+    isReached[graph.entry()] = true;
+    while (!waiting.empty()) {
+        const FlowNode node = waiting.back();
+        waiting.pop_back();
+        if (stops(node)) continue;
+        for (const FlowNode next : graph.successors(node)) {
+            if (isReached[next]) continue;
+            isReached[next] = true;
+            waiting.push_back(next);
+        }
+    }
+    return isReached;
+}
+
 ExplanationCheck checkWrittenFirst(const FlowGraph& graph, const Look& look,
                                    const std::vector<FlowNode>& writes) {
-    std::vector<bool> stops(graph.size());
+    std::vector<bool> isWrite(graph.size());
     for (const FlowNode node : writes) {
         if (node >= graph.size() || !look.writesWhole(node)) {
             return object("A node doesn't write the variable whole.");
         }
-        stops[node] = true;
+        isWrite[node] = true;
     }
-    std::vector<bool> isReached(graph.size());
-    std::vector<FlowNode> reached{graph.entry()};
-    isReached[graph.entry()] = true;
-    while (!reached.empty()) {
-        const FlowNode node = reached.back();
-        reached.pop_back();
-        if (look.reads(node)) return object("A path comes to a read by none of the writes.");
-        if (stops[node]) continue;
-        for (const FlowNode next : graph.successors(node)) {
-            if (isReached[next]) continue;
-            isReached[next] = true;
-            reached.push_back(next);
+    const std::vector<bool> isReached =
+        reachedNodes(graph, [&](FlowNode node) { return isWrite[node]; });
+    for (FlowNode node = 0; node < graph.size(); ++node) {
+        if (isReached[node] && look.reads(node)) {
+            return object("A path comes to a read by none of the writes.");
         }
-    }
-    for (const FlowNode node : writes) {
-        if (!isReached[node]) return object("No path comes to one of the writes first.");
+        if (isWrite[node] && !isReached[node]) {
+            return object("No path comes to one of the writes first.");
+        }
     }
     return accept();
 }
@@ -205,22 +217,6 @@ ExplanationCheck checkReason(const FlowGraph& graph, const Look& look,
     return object(WRONG_KIND);
 }
 
-bool isReachable(const FlowGraph& graph, FlowNode target) {
-    std::vector<bool> isReached(graph.size());
-    std::vector<FlowNode> reached{graph.entry()};
-    isReached[graph.entry()] = true;
-    while (!reached.empty() && !isReached[target]) {
-        const FlowNode node = reached.back();
-        reached.pop_back();
-        for (const FlowNode next : graph.successors(node)) {
-            if (isReached[next]) continue;
-            isReached[next] = true;
-            reached.push_back(next);
-        }
-    }
-    return isReached[target];
-}
-
 /// Whether the path begins at a write to which some path comes.
 ExplanationCheck checkWriteAtBeginning(const FlowGraph& graph, const Look& look,
                                        const std::vector<FlowNode>& nodes,
@@ -229,7 +225,8 @@ ExplanationCheck checkWriteAtBeginning(const FlowGraph& graph, const Look& look,
         return object("The graph isn't one of type May.");
     }
     if (!isPath(graph, nodes)) return object("The nodes from the write aren't a path.");
-    if (!isReachable(graph, nodes.front())) return object("No path comes to the write.");
+    const std::vector<bool> isReached = reachedNodes(graph, [](FlowNode) { return false; });
+    if (!isReached[nodes.front()]) return object("No path comes to the write.");
     if (!look.hasAccess(nodes.front(), write) || !isWrite(write->kind) ||
         look.effectOf(*write) == LivenessEffect::None) {
         return object("The first node doesn't have the write.");

@@ -33,29 +33,40 @@ void addReadOnAPath(const FlowGraph& graph, const VariableInGraph& variable, Exp
     to.path = endedByRead(distancesToRead(graph, variable).pathFrom(graph.entry()), variable);
 }
 
+/// Which nodes some path from the entry reaches, if paths end at nodes for which `goesOn` fails.
+template <typename GoesOn>
+std::vector<bool> reachableNodes(const FlowGraph& graph, GoesOn goesOn) {
+    std::vector<bool> isReached(graph.size());
+    std::vector<FlowNode> reached{graph.entry()};
+    isReached[graph.entry()] = true;
+    for (std::size_t i = 0; i < reached.size(); ++i) {
+        if (!goesOn(reached[i])) continue;
+        for (const FlowNode next : graph.successors(reached[i])) {
+            if (isReached[next]) continue;
+            isReached[next] = true;
+            reached.push_back(next);
+        }
+    }
+    return isReached;
+}
+
+std::vector<bool> reachableNodes(const FlowGraph& graph) {
+    return reachableNodes(graph, [](FlowNode) { return true; });
+}
+
 /// The first whole writes on the paths from the entry, of those after which a read may come.
 void addWrittenFirst(const FlowGraph& graph, const VariableInGraph& variable, Explanation& to) {
     to.kind = ReasonKind::WrittenFirst;
     const Distances toAnyRead(
         graph, [&](FlowNode node) { return variable.isRead(node); }, [](FlowNode) { return true; });
-    std::vector<bool> isReached(graph.size());
-    std::vector<FlowNode> reached;
-    const auto reach = [&](FlowNode node) {
-        if (isReached[node]) return;
-        isReached[node] = true;
-        reached.push_back(node);
+    const auto keepsFromRead = [&](FlowNode node) {
+        return variable.endsLiveness(node) && toAnyRead[node] != Distances::NONE;
     };
-    reach(graph.entry());
-    for (std::size_t i = 0; i < reached.size(); ++i) {
-        const FlowNode node = reached[i];
-        if (variable.endsLiveness(node) && toAnyRead[node] != Distances::NONE) {
-            to.writes.push_back(node);
-            continue;
-        }
-        for (const FlowNode next : graph.successors(node))
-            reach(next);
+    const std::vector<bool> isReached =
+        reachableNodes(graph, [&](FlowNode node) { return !keepsFromRead(node); });
+    for (FlowNode node = 0; node < graph.size(); ++node) {
+        if (isReached[node] && keepsFromRead(node)) to.writes.push_back(node);
     }
-    std::sort(to.writes.begin(), to.writes.end());
 }
 
 constexpr std::uint32_t UNRANKED = Distances::NONE;
@@ -188,21 +199,6 @@ void requireMay(const FlowGraph& graph) {
     if (graph.type() != flow::AnalysisTypeView::May) {
         throw std::invalid_argument("The graph is not one of type May");
     }
-}
-
-/// Which nodes some path from the entry reaches.
-std::vector<bool> reachableNodes(const FlowGraph& graph) {
-    std::vector<bool> isReached(graph.size());
-    std::vector<FlowNode> reached{graph.entry()};
-    isReached[graph.entry()] = true;
-    for (std::size_t i = 0; i < reached.size(); ++i) {
-        for (const FlowNode next : graph.successors(reached[i])) {
-            if (isReached[next]) continue;
-            isReached[next] = true;
-            reached.push_back(next);
-        }
-    }
-    return isReached;
 }
 
 /// The shortest path from a write that control reaches to the exit, with no whole write after the
