@@ -27,8 +27,8 @@ struct CheckTreeOptions {
     std::optional<SymbolView> ans = std::nullopt;
 };
 
-/// Where a tree answers otherwise than `IAstView` requires. There is no finding for a tree that the
-/// analyses can trust.
+/// Finds where a tree breaks the promises of `IAstView`. A tree that the analyses can trust has no
+/// findings.
 ///
 ///     for (const Finding& finding : checkTree(root)) std::cerr << finding << '\n';
 ///
