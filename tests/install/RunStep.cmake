@@ -1,6 +1,7 @@
 # One step of the tests of the installed library. The folders are in WORK_DIR; the one that the
 # installation is moved to has a blank in its name on purpose.
 cmake_minimum_required(VERSION 3.22)
+include("${CMAKE_CURRENT_LIST_DIR}/Consumer.cmake")
 set(first_place "${WORK_DIR}/first")
 set(prefix "${WORK_DIR}/moved here")
 set(consumer_dir "${SOURCE_DIR}/tests/install/consumer")
@@ -12,28 +13,6 @@ function(run)
     if(NOT result EQUAL 0)
         message(FATAL_ERROR "failed with ${result}: ${ARGN}")
     endif()
-endfunction()
-
-# Runs a program of the consumer, which must succeed and say so.
-function(run_consumer program)
-    execute_process(COMMAND "${program}" OUTPUT_VARIABLE output RESULT_VARIABLE result)
-    if(NOT result EQUAL 0 OR NOT output STREQUAL expected_output)
-        message(FATAL_ERROR "${program} ended with ${result} and printed: ${output}")
-    endif()
-endfunction()
-
-function(configure_consumer source build)
-    file(REMOVE_RECURSE "${build}")
-    execute_process(
-        COMMAND "${CMAKE_COMMAND}" -S "${source}" -B "${build}" -G "${GENERATOR}"
-            -D "CMAKE_CXX_COMPILER=${COMPILER}"
-            -D "CMAKE_CXX_FLAGS=${FLAGS}"
-            -D "CMAKE_PREFIX_PATH=${prefix}"
-            -D "ZT_ORVEX_SOURCE_DIR=${SOURCE_DIR}"
-            ${ARGN}
-        RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
-    set(configure_result "${result}" PARENT_SCOPE)
-    set(configure_output "${output}" PARENT_SCOPE)
 endfunction()
 
 function(step_install)
@@ -70,7 +49,7 @@ endfunction()
 
 function(step_find_package)
     set(build "${WORK_DIR}/find_package")
-    configure_consumer("${consumer_dir}" "${build}")
+    configure_consumer("${consumer_dir}" "${build}" "${prefix}")
     if(NOT configure_result EQUAL 0)
         message(FATAL_ERROR "${configure_output}")
     endif()
@@ -83,7 +62,7 @@ function(step_version)
     file(WRITE "${source}/CMakeLists.txt"
         "cmake_minimum_required(VERSION 3.22)\nproject(consumer LANGUAGES CXX)\n"
         "find_package(zt_orvex 2.0 CONFIG REQUIRED)\n")
-    configure_consumer("${source}" "${WORK_DIR}/version")
+    configure_consumer("${source}" "${WORK_DIR}/version" "${prefix}")
     if(configure_result EQUAL 0 OR NOT configure_output MATCHES "version: 1\\.[0-9]+\\.[0-9]+")
         message(FATAL_ERROR "version 2.0 was not refused: ${configure_output}")
     endif()
@@ -107,7 +86,8 @@ endfunction()
 # Configuring shows what a consumer gets: the library's target, and none of those for development.
 # Building would only compile the library a second time.
 function(step_subdirectory)
-    configure_consumer("${SOURCE_DIR}/tests/install/subdirectory" "${WORK_DIR}/subdirectory")
+    configure_consumer("${SOURCE_DIR}/tests/install/subdirectory" "${WORK_DIR}/subdirectory"
+        "${prefix}" -D "ZT_ORVEX_SOURCE_DIR=${SOURCE_DIR}")
     if(NOT configure_result EQUAL 0)
         message(FATAL_ERROR "${configure_output}")
     endif()

@@ -1,29 +1,8 @@
 # One step of the tests of the installed kit. INSTALLED is the folder that the library's own tests have
 # installed and moved.
 cmake_minimum_required(VERSION 3.22)
-set(package_dir "${INSTALLED}/${LIBDIR}/cmake/zt_orvex")
+include("${CMAKE_CURRENT_LIST_DIR}/../../../tests/install/Consumer.cmake")
 set(expected_output "kit consumer: all as expected\n")
-
-function(run_consumer program)
-    execute_process(COMMAND "${program}" OUTPUT_VARIABLE output RESULT_VARIABLE result)
-    if(NOT result EQUAL 0 OR NOT output STREQUAL expected_output)
-        message(FATAL_ERROR "${program} ended with ${result} and printed: ${output}")
-    endif()
-endfunction()
-
-# configure(<source> <build> <prefix>): sets `result` and `output`.
-function(configure source build prefix)
-    file(REMOVE_RECURSE "${build}")
-    execute_process(
-        COMMAND "${CMAKE_COMMAND}" -S "${source}" -B "${build}" -G "${GENERATOR}"
-            -D "CMAKE_CXX_COMPILER=${COMPILER}"
-            -D "CMAKE_CXX_FLAGS=${FLAGS}"
-            -D "CMAKE_PREFIX_PATH=${prefix}"
-            -D "LOOP_TREE_DIR=${LOOP_TREE_DIR}"
-        RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
-    set(result "${result}" PARENT_SCOPE)
-    set(output "${output}" PARENT_SCOPE)
-endfunction()
 
 # write_project(<folder> <text>): a project that finds the package as the text says.
 function(write_project folder text)
@@ -42,9 +21,10 @@ endfunction()
 
 function(step_find_package)
     set(build "${WORK_DIR}/find_package")
-    configure("${CONSUMER_DIR}" "${build}" "${INSTALLED}")
-    if(NOT result EQUAL 0)
-        message(FATAL_ERROR "${output}")
+    configure_consumer("${CONSUMER_DIR}" "${build}" "${INSTALLED}"
+        -D "LOOP_TREE_DIR=${LOOP_TREE_DIR}")
+    if(NOT configure_result EQUAL 0)
+        message(FATAL_ERROR "${configure_output}")
     endif()
     execute_process(COMMAND "${CMAKE_COMMAND}" --build "${build}" COMMAND_ERROR_IS_FATAL ANY)
     run_consumer("${build}/consumer")
@@ -56,9 +36,9 @@ find_package(zt_orvex 1.0 CONFIG REQUIRED)
 if(NOT TARGET zt_orvex::zt_orvex OR TARGET zt_orvex::kit)
     message(FATAL_ERROR "expected the library alone")
 endif()]])
-    configure("${WORK_DIR}/without_source" "${WORK_DIR}/without" "${INSTALLED}")
-    if(NOT result EQUAL 0)
-        message(FATAL_ERROR "${output}")
+    configure_consumer("${WORK_DIR}/without_source" "${WORK_DIR}/without" "${INSTALLED}")
+    if(NOT configure_result EQUAL 0)
+        message(FATAL_ERROR "${configure_output}")
     endif()
 endfunction()
 
@@ -71,9 +51,9 @@ function(step_missing_kit)
     file(REMOVE ${kit_files})
     write_project("${WORK_DIR}/missing_source"
         "find_package(zt_orvex 1.0 CONFIG REQUIRED COMPONENTS kit)")
-    configure("${WORK_DIR}/missing_source" "${WORK_DIR}/missing" "${prefix}")
-    if(result EQUAL 0 OR NOT output MATCHES "kit")
-        message(FATAL_ERROR "a missing kit was not refused: ${output}")
+    configure_consumer("${WORK_DIR}/missing_source" "${WORK_DIR}/missing" "${prefix}")
+    if(configure_result EQUAL 0 OR NOT configure_output MATCHES "kit")
+        message(FATAL_ERROR "a missing kit was not refused: ${configure_output}")
     endif()
 endfunction()
 
