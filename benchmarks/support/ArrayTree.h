@@ -71,7 +71,12 @@ public:
         return static_cast<BinaryOperator>(children[words[node] + 2]);
     }
     NodeView getParenthesizedInner(std::uint64_t node) const override { return child(node, 0); }
-    std::u16string_view getIdentifierName(std::uint64_t) const override { return u"name"; }
+    /// A name for each symbol, so that the tree is a correct one; there are eight symbols at most.
+    std::u16string_view getIdentifierName(std::uint64_t node) const override {
+        static constexpr std::u16string_view NAMES[] = {u"v0", u"v1", u"v2", u"v3",
+                                                        u"v4", u"v5", u"v6", u"v7"};
+        return NAMES[words[node]];
+    }
     SymbolView getIdentifierSymbol(std::uint64_t node) const override {
         return {words[node], this};
     }
