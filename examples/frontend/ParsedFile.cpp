@@ -47,13 +47,11 @@ void addPragmas(ParsedFile& file, const std::vector<std::size_t>& offsets) {
 }
 
 void addDiagnostics(ParsedFile& file, std::vector<Diagnostic> diagnostics) {
-    std::stable_sort(diagnostics.begin(), diagnostics.end(),
-                     [](const Diagnostic& a, const Diagnostic& b) { return a.offset < b.offset; });
-    for (Diagnostic& diagnostic : diagnostics) {
-        const Position position = file.source.position(diagnostic.offset);
-        diagnostic.line = position.line;
-        diagnostic.column = position.column;
-    }
+    std::stable_sort(
+        diagnostics.begin(), diagnostics.end(),
+        [](const Diagnostic& a, const Diagnostic& b) { return a.place.offset < b.place.offset; });
+    for (Diagnostic& diagnostic : diagnostics)
+        diagnostic.place = file.source.place(diagnostic.place.offset, diagnostic.place.length);
     file.diagnostics = std::move(diagnostics);
 }
 
@@ -61,10 +59,8 @@ void addDiagnostics(ParsedFile& file, std::vector<Diagnostic> diagnostics) {
 void refuse(ParsedFile& file, std::string_view utf8) {
     file.isUtf8 = false;
     file.source = *SourceText::fromUtf8(utf8.substr(0, SourceText::validUtf8Prefix(utf8)));
-    const std::size_t end = file.source.size();
-    const Position position = file.source.position(end);
-    file.diagnostics.push_back({end, position.line, position.column, Severity::Error,
-                                "the file is not UTF-8 from here on"});
+    file.diagnostics.push_back({file.source.place(file.source.size(), 0), Severity::Error,
+                                "the file is not UTF-8 from here on", ""});
 }
 
 /// Reads `source`: the file's own text, or an empty one.
@@ -89,7 +85,7 @@ ParsedFile parseOstrel(std::string path, std::string_view utf8Text) {
     file.path = std::move(path);
     if (isSourceTooLarge(utf8Text.size())) {
         read(file, SourceText());
-        file.diagnostics.push_back({0, 1, 1, Severity::Error, SOURCE_TOO_LARGE});
+        file.diagnostics.push_back({Place(), Severity::Error, SOURCE_TOO_LARGE, ""});
     } else if (auto text = SourceText::fromUtf8(utf8Text)) {
         file.source = *std::move(text);
         read(file, file.source);

@@ -33,7 +33,7 @@ std::optional<ostrel::ParsedFile> parseFile(const std::string& path) {
     if (!text) return {};
     ostrel::ParsedFile file = ostrel::parseOstrel(path, *text);
     for (const ostrel::Diagnostic& diagnostic : file.diagnostics) {
-        std::cerr << path << ':' << diagnostic.line << ':' << diagnostic.column
+        std::cerr << path << ':' << diagnostic.place.line << ':' << diagnostic.place.column
                   << ": error: " << diagnostic.message << '\n';
     }
     if (file.hasErrors()) return {};

@@ -74,4 +74,10 @@ Position SourceText::position(std::size_t offset) const {
             offset - start - static_cast<std::size_t>(last - first) + 1};
 }
 
+Place SourceText::place(std::size_t offset, std::size_t length) const {
+    const Position begin = position(offset);
+    const Position end = position(offset + length);
+    return {offset, length, begin.line, begin.column, end.line, end.column};
+}
+
 } // namespace ostrel

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "source/Place.h"
+
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -43,6 +45,9 @@ public:
 
     /// Cost: logarithmic in the number of lines and of surrogate pairs, however long the line is.
     Position position(std::size_t offset) const;
+
+    /// A piece of the text. Cost: that of two positions.
+    Place place(std::size_t offset, std::size_t length) const;
 
 private:
     std::u16string units;

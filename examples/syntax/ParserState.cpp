@@ -196,7 +196,7 @@ void ParserState::failAt(std::size_t offset, const std::string& message) const {
 
 void ParserState::report(std::size_t offset, const std::string& message) {
     Diagnostic diagnostic;
-    diagnostic.offset = offset;
+    diagnostic.place.offset = offset;
     diagnostic.message = message;
     diagnostics.push_back(diagnostic);
 }

@@ -16,10 +16,10 @@ namespace zt::orvex::fuzz {
 inline void checkDiagnostics(const ostrel::ParsedFile& file) {
     std::size_t last = 0;
     for (const ostrel::Diagnostic& diagnostic : file.diagnostics) {
-        require(last <= diagnostic.offset, "errors are in source order");
-        last = diagnostic.offset;
-        const ostrel::Position place = file.source.position(diagnostic.offset);
-        require(place.line == diagnostic.line && place.column == diagnostic.column,
+        require(last <= diagnostic.place.offset, "errors are in source order");
+        last = diagnostic.place.offset;
+        const ostrel::Position place = file.source.position(diagnostic.place.offset);
+        require(place.line == diagnostic.place.line && place.column == diagnostic.place.column,
                 "an error's line and column are those of its offset");
         require(!diagnostic.message.empty(), "an error says what it is");
     }

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "Require.h"
-#include "report/Analyze.h"
-#include "report/HtmlReport.h"
-#include "report/JsonReport.h"
-#include "report/TextReport.h"
+#include "report/analysis/Analyze.h"
+#include "report/html/HtmlReport.h"
+#include "report/json/JsonReport.h"
+#include "report/text/TextReport.h"
 
 #include <nlohmann/json.hpp>
 

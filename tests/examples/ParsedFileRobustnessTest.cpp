@@ -31,9 +31,9 @@ std::size_t roundsToRun(std::size_t usual) {
 void use(const ParsedFile& file) {
     std::size_t last = 0;
     for (const Diagnostic& diagnostic : file.diagnostics) {
-        ASSERT_LE(last, diagnostic.offset);
-        last = diagnostic.offset;
-        ASSERT_LE(diagnostic.line, file.source.lineCount());
+        ASSERT_LE(last, diagnostic.place.offset);
+        last = diagnostic.place.offset;
+        ASSERT_LE(diagnostic.place.line, file.source.lineCount());
         ASSERT_FALSE(diagnostic.message.empty());
     }
     ASSERT_LE(file.tree->height(), MAX_TREE_HEIGHT);

@@ -26,7 +26,7 @@ inline std::string dumpNodes(const ParsedFile& file) {
 inline std::string dumpErrors(const ParsedFile& file) {
     std::string text;
     for (const Diagnostic& each : file.diagnostics) {
-        text += std::to_string(each.line) + ":" + std::to_string(each.column) + ": " +
+        text += std::to_string(each.place.line) + ":" + std::to_string(each.place.column) + ": " +
                 each.message + "\n";
     }
     return text;

@@ -2,11 +2,11 @@
 #include "Shapes.h"
 
 #include "frontend/ParsedFile.h"
-#include "report/Analyze.h"
-#include "report/HtmlReport.h"
-#include "report/JsonReport.h"
-#include "report/TextReport.h"
-#include "report/TreeCheck.h"
+#include "report/analysis/Analyze.h"
+#include "report/analysis/TreeCheck.h"
+#include "report/html/HtmlReport.h"
+#include "report/json/JsonReport.h"
+#include "report/text/TextReport.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "frontend/ParsedFile.h"
-#include "report/Analyze.h"
-#include "report/ReportModel.h"
+#include "report/analysis/Analyze.h"
+#include "report/model/Report.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,218 @@
+#include "report/analysis/Analyze.h"
+
+#include "report/analysis/Classify.h"
+#include "report/analysis/LibraryAnswers.h"
+#include "report/analysis/MentionedVariables.h"
+#include "report/analysis/PlaceFinder.h"
+#include "report/analysis/Remarks.h"
+#include "report/analysis/RestrictedUses.h"
+#include "report/analysis/SyntaxSpans.h"
+#include "source/Utf8.h"
+
+#include <zt_orvex/ast/TypedViews.h>
+#include <zt_orvex/pragma/Pragma.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <exception>
+#include <new>
+#include <set>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+#include <utility>
+#include <vector>
+
+namespace ostrel::report {
+
+using namespace zt::orvex;
+
+namespace {
+
+class FileAnalysis {
+public:
+    explicit FileAnalysis(ParsedFile& toAnalyze)
+        : parsed(toAnalyze), mentioned(parsed), places(parsed.source, *parsed.tree) {}
+
+    File run() {
+        file.path = parsed.path;
+        file.diagnostics = parsed.diagnostics;
+        for (const PragmaComment& comment : parsed.pragmas)
+            addPragma(comment);
+        for (const ostrel::Scope& scope : parsed.scopes)
+            addScope(scope);
+        for (const ostrel::Construct& construct : parsed.constructs)
+            tryAddConstruct(construct);
+        sortDiagnostics();
+        addRestrictedRemarks();
+        sortRemarks();
+        file.syntax = findSyntaxSpans(parsed);
+        file.source = std::move(parsed.source);
+        return std::move(file);
+    }
+
+private:
+    void addPragma(const PragmaComment& comment) {
+        const auto pragma = parsePragma(comment.text, static_cast<unsigned>(comment.offset));
+        if (!pragma) return;
+        PragmaEntry entry;
+        entry.place = places.at(comment.offset, comment.text.size());
+        entry.kind = toUtf8(pragmaKindToString(pragma->getKind()));
+        entry.name = toUtf8(pragma->getPragmaName());
+        entry.arguments = toUtf8(pragma->getTrimmedArgumentsText());
+        if (pragma->getKind() == PragmaKind::UNRECOGNIZED)
+            file.remarks.push_back(remarkOnUnknownPragma(entry));
+        file.pragmas.push_back(std::move(entry));
+    }
+
+    void addScope(const ostrel::Scope& scope) {
+        file.scopes.push_back({scope.name, {}});
+        for (const SymbolView symbol : scope.universe)
+            file.scopes.back().universe.push_back(toUtf8(parsed.tree->symbolName(symbol)));
+    }
+
+    /// What the library refuses is an error of the construct, and the rest of the file is still
+    /// reported. Too little memory isn't: it ends the report on the file.
+    void tryAddConstruct(const ostrel::Construct& construct) {
+        try {
+            addConstruct(construct);
+        } catch (const std::bad_alloc&) {
+            throw;
+        } catch (const std::exception& error) {
+            addFailure(construct, error.what());
+        }
+    }
+
+    void addFailure(const ostrel::Construct& construct, const char* what) {
+        Diagnostic diagnostic;
+        const std::string_view keyword = keywordOf(kindOf(construct));
+        diagnostic.place = places.at(construct.offset, keyword.size());
+        diagnostic.message = "this " + std::string(keyword) + " cannot be analysed: " + what;
+        file.diagnostics.push_back(std::move(diagnostic));
+    }
+
+    void sortDiagnostics() {
+        std::stable_sort(file.diagnostics.begin(), file.diagnostics.end(),
+                         [](const Diagnostic& a, const Diagnostic& b) {
+                             return a.place.offset < b.place.offset;
+                         });
+    }
+
+    void addConstruct(const ostrel::Construct& parsedConstruct) {
+        const std::vector<SymbolView> universe = mentioned.in(parsedConstruct);
+        const LibraryAnswers answers =
+            askLibrary(parsedConstruct, universe, parsed.scopes[parsedConstruct.scope].ans);
+        Construct construct;
+        construct.kind = kindOf(parsedConstruct);
+        construct.keyword =
+            places.at(parsedConstruct.offset, std::string_view(keywordOf(construct.kind)).size());
+        construct.extent = places.of(parsedConstruct.node);
+        construct.enclosing = findEnclosing(construct.extent);
+        construct.scope = parsedConstruct.scope;
+        if (construct.kind == ConstructKind::Parfor)
+            construct.loopVariable = loopVariableOf(ParforStatementView(parsedConstruct.node));
+        construct.liveAsTemporary = sortedNames(answers.liveAsTemporary);
+        construct.maybeLiveAsTemporary = sortedNames(answers.maybeLiveAsTemporary);
+        if (construct.kind == ConstructKind::Parfor)
+            construct.liveAsSliced = sortedNames(without(universe, answers.notLiveAsSliced));
+        else
+            construct.notOutputs = sortedNames(without(universe, answers.outputs));
+        construct.ansPossiblyReadBeforeBeingWritten = answers.ansPossiblyReadBeforeBeingWritten;
+        construct.variables = classify(parsed, parsedConstruct, universe, answers, places);
+        std::vector<NodeView> uses = findRestrictedUses(bodyOf(parsedConstruct));
+        construct.restrictedExternals = restrictedNames(uses);
+        addAnsRemark(construct);
+        file.constructs.push_back(std::move(construct));
+        restrictedUses.push_back(std::move(uses));
+    }
+
+    /// In source order, what encloses a construct is the previous one or one that encloses that.
+    std::optional<std::size_t> findEnclosing(const Place& extent) const {
+        std::optional<std::size_t> candidate;
+        if (!file.constructs.empty()) candidate = file.constructs.size() - 1;
+        while (candidate) {
+            const Construct& construct = file.constructs[*candidate];
+            if (extent.offset < construct.extent.offset + construct.extent.length) break;
+            candidate = construct.enclosing;
+        }
+        return candidate;
+    }
+
+    static std::string loopVariableOf(ParforStatementView loop) {
+        return toUtf8(IdentifierView(loop.getParforVariable()).getIdentifierName());
+    }
+
+    static SymbolSet without(const std::vector<SymbolView>& universe, const SymbolSet& removed) {
+        SymbolSet rest;
+        for (const SymbolView symbol : universe) {
+            if (removed.count(symbol) == 0) rest.insert(symbol);
+        }
+        return rest;
+    }
+
+    /// Sorted by UTF-16 code unit.
+    std::vector<std::string> sortedNames(const SymbolSet& symbols) const {
+        std::set<std::u16string_view> names;
+        for (const SymbolView symbol : symbols)
+            names.insert(parsed.tree->symbolName(symbol));
+        return toUtf8Names(names);
+    }
+
+    std::vector<std::string> restrictedNames(const std::vector<NodeView>& uses) const {
+        std::set<std::u16string_view> names;
+        for (const NodeView use : uses)
+            names.insert(IdentifierView(use).getIdentifierName());
+        return toUtf8Names(names);
+    }
+
+    static std::vector<std::string> toUtf8Names(const std::set<std::u16string_view>& names) {
+        std::vector<std::string> result;
+        for (const std::u16string_view name : names)
+            result.push_back(toUtf8(name));
+        return result;
+    }
+
+    /// `construct` is the next in `file.constructs`.
+    void addAnsRemark(const Construct& construct) {
+        if (!construct.ansPossiblyReadBeforeBeingWritten) return;
+        for (const Variable& variable : construct.variables) {
+            if (variable.name != "ans" || !variable.firstRead) continue;
+            add(remarkOnAns(construct.kind, *variable.firstRead), file.constructs.size());
+        }
+    }
+
+    /// A use in the body of a nested construct gets its remark there only.
+    void addRestrictedRemarks() {
+        std::unordered_set<NodeView> told;
+        for (std::size_t i = file.constructs.size(); i-- > 0;) {
+            for (const NodeView use : restrictedUses[i]) {
+                if (!told.insert(use).second) continue;
+                const std::string name = toUtf8(IdentifierView(use).getIdentifierName());
+                add(remarkOnRestricted(file.constructs[i].kind, name, places.of(use)), i);
+            }
+        }
+    }
+
+    void add(Remark remark, std::size_t construct) {
+        remark.construct = construct;
+        file.remarks.push_back(std::move(remark));
+    }
+
+    void sortRemarks() {
+        std::stable_sort(
+            file.remarks.begin(), file.remarks.end(),
+            [](const Remark& a, const Remark& b) { return a.place.offset < b.place.offset; });
+    }
+
+    ParsedFile& parsed;
+    const MentionedVariables mentioned;
+    const PlaceFinder places;
+    File file;
+    std::vector<std::vector<NodeView>> restrictedUses; ///< Indexed like `file.constructs`.
+};
+
+} // namespace
+
+File analyze(ParsedFile parsed) { return FileAnalysis(parsed).run(); }
+
+} // namespace ostrel::report

@@ -1,0 +1,45 @@
+#include "report/analysis/LibraryAnswers.h"
+
+#include <zt_orvex/analysis/AnsAnalysis.h>
+#include <zt_orvex/analysis/LiveVariables.h>
+#include <zt_orvex/ast/NodeKind.h>
+#include <zt_orvex/ast/TypedViews.h>
+#include <zt_orvex/flow/OrderedSet.h>
+
+namespace ostrel::report {
+
+using namespace zt::orvex;
+
+ConstructKind kindOf(const ostrel::Construct& construct) {
+    return construct.node.getKind() == NodeKind::ParforStatement ? ConstructKind::Parfor
+                                                                 : ConstructKind::Spmd;
+}
+
+StatementRangeView bodyOf(const ostrel::Construct& construct) {
+    return kindOf(construct) == ConstructKind::Parfor
+               ? ParforStatementView(construct.node).getParforBody()
+               : SpmdStatementView(construct.node).getSpmdBody();
+}
+
+LibraryAnswers askLibrary(const ostrel::Construct& construct,
+                          const std::vector<SymbolView>& variables, SymbolView ans) {
+    const flow::OrderedSet<SymbolView> universe(variables.begin(), variables.end());
+    LibraryAnswers answers;
+    if (kindOf(construct) == ConstructKind::Parfor) {
+        const ParforStatementView loop(construct.node);
+        answers.liveAsTemporary = flow::computeLiveAsTemporaryVariables(loop, universe, {});
+        answers.maybeLiveAsTemporary =
+            flow::computeMaybeLiveAsTemporaryVariables(loop, universe, {});
+        answers.notLiveAsSliced = flow::computeNotLiveAsSlicedVariables(loop, universe, {});
+        answers.ansPossiblyReadBeforeBeingWritten =
+            flow::isAnsPossiblyReadBeforeBeingWritten(loop, ans, {});
+    } else {
+        const SpmdStatementView block(construct.node);
+        answers.outputs = flow::computeSpmdOutputVariables(block, universe, {});
+        answers.ansPossiblyReadBeforeBeingWritten =
+            flow::isAnsPossiblyReadBeforeBeingWritten(block, ans, {});
+    }
+    return answers;
+}
+
+} // namespace ostrel::report

@@ -1,0 +1,72 @@
+#include "report/program/Options.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <map>
+
+namespace ostrel::report {
+
+namespace {
+
+constexpr int WRONG_USAGE = 2;
+
+const std::map<std::string, ColorChoice> COLOR_CHOICES{
+    {"auto", ColorChoice::Auto}, {"always", ColorChoice::Always}, {"never", ColorChoice::Never}};
+
+constexpr const char* DESCRIPTION =
+    "Reports the role of each variable in the parfor and spmd statements of Ostrel source files.";
+constexpr const char* FOOTER =
+    "Exit status: 0 when every file was read without an error, 1 when a file has errors\n"
+    "or --check-tree finds its tree wrong, 2 on wrong usage, a file that cannot be read,\n"
+    "or too little memory.";
+
+std::string failureText(const CLI::App*, const CLI::Error& error) {
+    return std::string("orvex-report: ") + error.what() +
+           "\nRun orvex-report --help for more information.\n";
+}
+
+} // namespace
+
+ParsedOptions parseOptions(int count, const char* const* arguments,
+                           const std::vector<std::string>& formats) {
+    ParsedOptions result;
+    Options& options = result.options;
+    std::string color = "auto";
+
+    CLI::App app(DESCRIPTION, "orvex-report");
+    app.footer(FOOTER);
+    app.failure_message(failureText);
+    app.set_version_flag("--version", "orvex-report " ORVEX_REPORT_VERSION, "Print the version");
+    app.add_option("--format", options.format, "How to print the report")
+        ->check(CLI::IsMember(formats))
+        ->capture_default_str();
+    app.add_option("--output", options.output, "Write the report to a file; - is standard output")
+        ->type_name("FILE")
+        ->check([](const std::string& path) {
+            return path.empty() ? std::string("the name of the file is empty") : std::string();
+        });
+    app.add_option("--color", color, "Whether to colour text; auto: on a terminal")
+        ->check(CLI::IsMember({"auto", "always", "never"}))
+        ->capture_default_str();
+    app.add_flag("--check-tree", options.checksTrees,
+                 "Check the tree of each file first; for work on the parser");
+    app.add_option("FILE", options.files, "Source files; - is standard input")
+        ->required()
+        ->type_name("");
+    try {
+        app.parse(count, arguments);
+    } catch (const CLI::ParseError& error) {
+        result.exitStatus = app.exit(error) == 0 ? 0 : WRONG_USAGE;
+        return result;
+    }
+    options.color = COLOR_CHOICES.at(color);
+    if (options.output == "-") options.output.clear();
+    if (std::count(options.files.begin(), options.files.end(), "-") > 1) {
+        std::cerr << "orvex-report: standard input can be read only once\n";
+        result.exitStatus = WRONG_USAGE;
+    }
+    return result;
+}
+
+} // namespace ostrel::report

@@ -1,0 +1,41 @@
+#include "report/program/Progress.h"
+
+#include "terminal/DisplayText.h"
+#include "terminal/Terminal.h"
+
+#include <cstdio>
+#include <iostream>
+
+namespace ostrel::report {
+
+namespace {
+
+constexpr std::chrono::milliseconds FIRST_AFTER{1000};
+constexpr std::chrono::milliseconds NEXT_AFTER{100};
+constexpr const char* ERASE_LINE = "\r\x1b[K";
+
+} // namespace
+
+Progress::Progress(std::size_t fileCount)
+    : count(fileCount), isWanted(fileCount > 1 && isTerminal(stderr)) {}
+
+void Progress::next(const std::string& path) {
+    ++started;
+    if (!isWanted) return;
+    const Clock::time_point now = Clock::now();
+    if (now - lastShown < (isShown ? NEXT_AFTER : FIRST_AFTER)) return;
+    std::string line = "file " + std::to_string(started) + " of " + std::to_string(count) + ": ";
+    const std::size_t width = terminalWidth(stderr, 80);
+    const std::string name = displayed(path);
+    if (line.size() + name.size() < width) line += name;
+    std::cerr << ERASE_LINE << line << std::flush;
+    isShown = true;
+    lastShown = now;
+}
+
+void Progress::erase() {
+    if (isShown) std::cerr << ERASE_LINE << std::flush;
+    isShown = false;
+}
+
+} // namespace ostrel::report

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "report/model/Report.h"
+
+#include <string>
+
+namespace ostrel::report {
+
+/// The name of a role in a report.
+const char* nameOf(Role role);
+
+/// Why a variable has its role, with places as `line:column`: one line, no full stop. May be empty.
+std::string noteOf(const Variable& variable);
+
+} // namespace ostrel::report

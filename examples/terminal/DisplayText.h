@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace ostrel {
+
+/// A text as a terminal shows it, and its width in columns.
+struct DisplayText {
+    std::string utf8;
+    std::size_t width = 0;
+};
+
+constexpr std::size_t TAB_WIDTH = 4;
+
+/// The width of a character at `column`, counted from 0: 0 for combining marks and the like, 2 for
+/// East Asian wide characters and emoji, up to TAB_WIDTH for a tab, that of its name for a character
+/// that changes the direction of writing, and 1 otherwise.
+std::size_t widthAt(std::size_t column, char32_t character);
+
+/// The code point at `at`, and its length in units; a lone surrogate stands for itself.
+struct CodePoint {
+    char32_t value;
+    std::size_t length;
+};
+CodePoint codePointAt(std::u16string_view text, std::size_t at);
+
+/// Appends a character in a form that is safe for a terminal: a tab becomes blanks up to the next
+/// multiple of TAB_WIDTH columns; a character that changes the direction of writing becomes its
+/// name, such as `<U+202E>`; control characters become U+FFFD.
+void appendForDisplay(DisplayText& text, char32_t character);
+
+/// A text in that form: a message, or the name of a file. Each byte that isn't UTF-8 becomes U+FFFD.
+std::string displayed(std::string_view utf8);
+
+/// Whether a text has an invisible character that changes the direction of writing, and so can make
+/// it look like another one.
+bool hasDirectionControl(std::string_view utf8);
+
+/// Such as `U+202E`.
+std::string codePointName(char32_t character);
+
+/// The code point at `at`, and its length in bytes; U+FFFD for a byte that isn't UTF-8.
+struct Utf8Piece {
+    char32_t value;
+    std::size_t length;
+    bool isValid;
+};
+Utf8Piece utf8PieceAt(std::string_view utf8, std::size_t at);
+
+} // namespace ostrel
