@@ -253,6 +253,27 @@ bool concerns(const Look& look, const SymbolView& symbol, const SymbolView& clai
 
 constexpr const char* ANOTHER_SYMBOL = "The reason is about another symbol, or the graph lacks it.";
 
+/// Whether the path begins at a write inside the construct, and leaves it.
+ExplanationCheck checkWayOut(const FlowGraph& construct, const FlowGraph& around,
+                             const SymbolView& symbol, const ValueUsedAfter& reason) {
+    const Look look(around, symbol);
+    if (!concerns(look, symbol, reason.symbol) ||
+        !concerns(Look(construct, symbol), symbol, reason.symbol)) {
+        return object(ANOTHER_SYMBOL);
+    }
+    const std::vector<FlowNode>& nodes = reason.path.nodes;
+    const ExplanationCheck write = checkWriteAtBeginning(around, look, nodes, reason.write);
+    if (!write.isProof()) return write;
+    const auto isInside = [&](FlowNode node) {
+        return !around.isPseudoNode(node) && construct.find(around.nodeAt(node));
+    };
+    if (!isInside(nodes.front())) return object("The write isn't inside the construct.");
+    if (std::all_of(nodes.begin(), nodes.end(), isInside)) {
+        return object("The path doesn't leave the construct.");
+    }
+    return accept();
+}
+
 } // namespace
 
 ExplanationCheck checkExplanation(const FlowGraph& graph, const SymbolView& symbol,
@@ -272,22 +293,18 @@ ExplanationCheck checkCarried(const FlowGraph& body, const SymbolView& symbol,
 
 ExplanationCheck checkUsedAfter(const FlowGraph& construct, const FlowGraph& around,
                                 const SymbolView& symbol, const ValueUsedAfter& reason) {
-    const Look look(around, symbol);
-    if (!concerns(look, symbol, reason.symbol) ||
-        !concerns(Look(construct, symbol), symbol, reason.symbol)) {
-        return object(ANOTHER_SYMBOL);
-    }
-    const std::vector<FlowNode>& nodes = reason.path.nodes;
-    const ExplanationCheck write = checkWriteAtBeginning(around, look, nodes, reason.write);
-    if (!write.isProof()) return write;
-    const auto isInside = [&](FlowNode node) {
-        return !around.isPseudoNode(node) && construct.find(around.nodeAt(node));
-    };
-    if (!isInside(nodes.front())) return object("The write isn't inside the construct.");
-    if (std::all_of(nodes.begin(), nodes.end(), isInside)) {
-        return object("The path doesn't leave the construct.");
-    }
-    return checkWayToRead(look, reason.path, 1);
+    const ExplanationCheck wayOut = checkWayOut(construct, around, symbol, reason);
+    if (!wayOut.isProof()) return wayOut;
+    return checkWayToRead(Look(around, symbol), reason.path, 1);
+}
+
+ExplanationCheck checkReachesExit(const FlowGraph& construct, const FlowGraph& around,
+                                  const SymbolView& symbol, const ValueUsedAfter& reason) {
+    const ExplanationCheck wayOut = checkWayOut(construct, around, symbol, reason);
+    if (!wayOut.isProof()) return wayOut;
+    FlowPath path = reason.path;
+    path.access = reason.write;
+    return checkWriteToExit(around, Look(around, symbol), path);
 }
 
 } // namespace zt::orvex::kit

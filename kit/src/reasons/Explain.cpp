@@ -202,15 +202,17 @@ void requireMay(const FlowGraph& graph) {
 }
 
 /// The shortest path from a write that control reaches to the exit, with no whole write after the
-/// first node. Without nodes if there is none.
-FlowPath pathFromWriteToExit(const FlowGraph& graph, const VariableInGraph& variable) {
+/// first node. `writeAt(node)` is the write of a node, or nothing. Without nodes if there is none.
+template <typename WriteAt>
+FlowPath pathFromWriteToExit(const FlowGraph& graph, const VariableInGraph& variable,
+                             WriteAt writeAt) {
     const Distances toExit(
         graph, [&](FlowNode node) { return node == graph.exit(); },
         [&](FlowNode node) { return !variable.endsLiveness(node); });
     const std::vector<bool> isReachable = reachableNodes(graph);
     FlowNode nearest = graph.exit();
     for (FlowNode node = 0; node < graph.exit(); ++node) {
-        if (!isReachable[node] || !variable.firstWrite(node)) continue;
+        if (!isReachable[node] || !writeAt(node)) continue;
         if (toExit.afterOf(node) == Distances::NONE) continue;
         const bool isNearer =
             nearest == graph.exit() || toExit.afterOf(node) < toExit.afterOf(nearest);
@@ -220,8 +222,31 @@ FlowPath pathFromWriteToExit(const FlowGraph& graph, const VariableInGraph& vari
     if (nearest == graph.exit()) return path;
     path.nodes.push_back(nearest);
     toExit.appendPathAfter(nearest, path.nodes);
-    path.access = variable.firstWrite(nearest);
+    path.access = writeAt(nearest);
     return path;
+}
+
+/// The shortest path from the entry to one of the chosen reads, with no whole write before. Without
+/// nodes if there is none.
+template <typename IsChosen>
+FlowPath pathToRead(const FlowGraph& graph, const VariableInGraph& variable, IsChosen isChosen) {
+    const auto readAt = [&](FlowNode node) { return variable.firstRead(node, isChosen); };
+    const Distances toRead(
+        graph, [&](FlowNode node) { return readAt(node).has_value(); },
+        [&](FlowNode node) { return !variable.endsLiveness(node); });
+    if (toRead[graph.entry()] == Distances::NONE) return {};
+    FlowPath path{toRead.pathFrom(graph.entry()), PathEnd::Read, boost::none};
+    path.access = readAt(path.nodes.back());
+    return path;
+}
+
+std::vector<bool> nodesInside(const FlowGraph& construct, const FlowGraph& around) {
+    std::vector<bool> inside(around.size());
+    for (FlowNode node = 1; node + 1 < construct.size(); ++node) {
+        const boost::optional<FlowNode> found = around.find(construct.nodeAt(node));
+        if (found) inside[*found] = true;
+    }
+    return inside;
 }
 
 /// Finds the shortest path from a write inside a construct, out of it, to a read.
@@ -248,15 +273,6 @@ public:
     }
 
 private:
-    static std::vector<bool> nodesInside(const FlowGraph& construct, const FlowGraph& around) {
-        std::vector<bool> inside(around.size());
-        for (FlowNode node = 1; node + 1 < construct.size(); ++node) {
-            const boost::optional<FlowNode> found = around.find(construct.nodeAt(node));
-            if (found) inside[*found] = true;
-        }
-        return inside;
-    }
-
     bool maySkip(FlowNode node) const { return isInside[node] && !variable.endsLiveness(node); }
 
     /// For a node inside after which control may leave the construct: the edges from it to a read.
@@ -321,12 +337,24 @@ Explanation explain(const FlowGraph& graph, const SymbolView& symbol) {
 }
 
 boost::optional<CarriedValue> explainCarried(const FlowGraph& body, const SymbolView& symbol) {
+    return explainCarried(body, symbol, {});
+}
+
+boost::optional<CarriedValue> explainCarried(const FlowGraph& body, const SymbolView& symbol,
+                                             const AccessChoice& among) {
     requireMay(body);
     const VariableInGraph variable(body, symbol);
     if (!variable.isLiveAtEntry()) return boost::none;
-    FlowPath write = pathFromWriteToExit(body, variable);
+    const auto isRead = [&](const Access& access) { return !among.isRead || among.isRead(access); };
+    const auto isWrite = [&](const Access& access) {
+        return !among.isWrite || among.isWrite(access);
+    };
+    FlowPath read = pathToRead(body, variable, isRead);
+    if (read.nodes.empty()) return boost::none;
+    FlowPath write = pathFromWriteToExit(
+        body, variable, [&](FlowNode node) { return variable.firstWrite(node, isWrite); });
     if (write.nodes.empty()) return boost::none;
-    return CarriedValue{symbol, std::move(write), explain(body, symbol).path};
+    return CarriedValue{symbol, std::move(write), std::move(read)};
 }
 
 boost::optional<ValueUsedAfter>
@@ -338,6 +366,22 @@ explainUsedAfter(const FlowGraph& construct, const FlowGraph& around, const Symb
     FlowPath path = PathOutOf(construct, around, variable).find();
     if (path.nodes.empty()) return boost::none;
     const Access write = *variable.firstWrite(path.nodes.front());
+    return ValueUsedAfter{symbol, write, std::move(path)};
+}
+
+boost::optional<ValueUsedAfter>
+explainReachesExit(const FlowGraph& construct, const FlowGraph& around, const SymbolView& symbol) {
+    requireMay(construct);
+    requireMay(around);
+    const VariableInGraph written(construct, symbol); // must know the symbol, too
+    const VariableInGraph variable(around, symbol);
+    const std::vector<bool> isInside = nodesInside(construct, around);
+    FlowPath path = pathFromWriteToExit(around, variable, [&](FlowNode node) {
+        return isInside[node] ? variable.firstWrite(node) : boost::none;
+    });
+    if (path.nodes.empty()) return boost::none;
+    const Access write = *path.access;
+    path.access = boost::none;
     return ValueUsedAfter{symbol, write, std::move(path)};
 }
 

@@ -28,17 +28,40 @@ public:
         return access == nullptr ? boost::optional<Access>() : *access;
     }
 
-    /// The first write of the variable, whole or partial, that has any effect.
+    /// The first access that makes the variable live and for which `isChosen` holds.
+    template <typename IsChosen>
+    boost::optional<Access> firstRead(FlowNode node, IsChosen isChosen) const {
+        if (!isRead(node)) return boost::none;
+        return first(node, [&](const Access& access) {
+            return effectOf(access) == LivenessEffect::MakesLive && isChosen(access);
+        });
+    }
+
+    /// The first write of the variable, whole or partial, that has any effect and for which
+    /// `isChosen` holds.
+    template <typename IsChosen>
+    boost::optional<Access> firstWrite(FlowNode node, IsChosen isChosen) const {
+        return first(node, [&](const Access& access) {
+            return isWrite(access.kind) && effectOf(access) != LivenessEffect::None &&
+                   isChosen(access);
+        });
+    }
+
     boost::optional<Access> firstWrite(FlowNode node) const {
+        return firstWrite(node, [](const Access&) { return true; });
+    }
+
+private:
+    template <typename IsWanted>
+    boost::optional<Access> first(FlowNode node, IsWanted isWanted) const {
         for (const Access& access : graph.accesses(node)) {
-            if (access.index == index && isWrite(access.kind) && hasEffect(access)) return access;
+            if (access.index == index && isWanted(access)) return access;
         }
         return boost::none;
     }
 
-private:
-    bool hasEffect(const Access& access) const {
-        return livenessEffectOf(access.kind, graph.type(), graph.mode()) != LivenessEffect::None;
+    LivenessEffect effectOf(const Access& access) const {
+        return livenessEffectOf(access.kind, graph.type(), graph.mode());
     }
 
     const FlowGraph& graph;

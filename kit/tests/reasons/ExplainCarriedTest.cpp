@@ -9,8 +9,9 @@ namespace {
 
 class ExplainCarriedTest : public testing::ReasonsFixture {
 protected:
-    boost::optional<CarriedValue> carried(const FlowGraph& graph, std::string_view name) {
-        const auto reason = explainCarried(graph, symbol(name));
+    boost::optional<CarriedValue> carried(const FlowGraph& graph, std::string_view name,
+                                          const AccessChoice& among = {}) {
+        const auto reason = explainCarried(graph, symbol(name), among);
         if (reason) {
             EXPECT_EQ(checkCarried(graph, symbol(name), *reason).objection, "");
         }
@@ -53,6 +54,52 @@ TEST_F(ExplainCarriedTest, PartialWriteIsCarried) {
     const auto reason = carried(graph, "x");
     ASSERT_TRUE(reason);
     EXPECT_EQ(reason->write.access->kind, AccessKind::PartialWrite);
+}
+
+TEST_F(ExplainCarriedTest, ReadIsOneOfTheChosen) {
+    // 1 y = x, 2 b = x, 3 x = a
+    const IdentifierView second = id("x");
+    const FlowGraph& graph =
+        graphOf({assign(id("y"), id("x")), assign(id("b"), second), assign(id("x"), id("a"))});
+    AccessChoice among;
+    among.isRead = [&](const Access& access) { return access.identifier == second; };
+    const auto reason = carried(graph, "x", among);
+    ASSERT_TRUE(reason);
+    EXPECT_EQ(reason->read.nodes, (Path{0, 1, 2}));
+    EXPECT_EQ(reason->read.access->identifier, second);
+}
+
+TEST_F(ExplainCarriedTest, WriteIsOneOfTheChosen) {
+    // 1 y = x, 2 if c, 3 x = a, else, 4 x = b, end
+    const IdentifierView second = id("x");
+    const FlowGraph& graph =
+        graphOf({assign(id("y"), id("x")), ifStatement(id("c"), {assign(id("x"), id("a"))}),
+                 ifStatement(id("c"), {assign(second, id("b"))})});
+    AccessChoice among;
+    among.isWrite = [&](const Access& access) { return access.identifier == second; };
+    const auto reason = carried(graph, "x", among);
+    ASSERT_TRUE(reason);
+    EXPECT_EQ(reason->write.nodes, (Path{5, 6}));
+}
+
+TEST_F(ExplainCarriedTest, WithoutAChosenReadOrWriteNothingIsCarried) {
+    const FlowGraph& graph = graphOf({assign(id("s"), add(id("s"), id("x")))});
+    AccessChoice noRead;
+    noRead.isRead = [](const Access&) { return false; };
+    EXPECT_FALSE(carried(graph, "s", noRead));
+    AccessChoice noWrite;
+    noWrite.isWrite = [](const Access&) { return false; };
+    EXPECT_FALSE(carried(graph, "s", noWrite));
+}
+
+TEST_F(ExplainCarriedTest, WriteThatIsNotChosenStillEndsTheWay) {
+    // 1 y = x, 2 x = a, 3 x = b
+    const IdentifierView first = id("x");
+    const FlowGraph& graph =
+        graphOf({assign(id("y"), id("x")), assign(first, id("a")), assign(id("x"), id("b"))});
+    AccessChoice among;
+    among.isWrite = [&](const Access& access) { return access.identifier == first; };
+    EXPECT_FALSE(carried(graph, "x", among));
 }
 
 TEST_F(ExplainCarriedTest, GraphOfTypeMustIsRefused) {

@@ -55,6 +55,17 @@ bool isUsedAfter(const FlowGraph& inside, const FlowGraph& around, std::uint64_t
     return false;
 }
 
+/// Whether some path carries what a write inside leaves to the exit.
+bool reachesExit(const FlowGraph& inside, const FlowGraph& around, std::uint64_t index) {
+    const PlainReasons plain(around, index);
+    for (FlowNode node = 0; node < around.size(); ++node) {
+        const bool isInside = inside.find(around.nodeAt(node)) && !around.isPseudoNode(node);
+        if (isInside && plain.writes(node) && plain.isReachable(node) && plain.reachesExit(node))
+            return true;
+    }
+    return false;
+}
+
 TEST(ExplainUsedAfterRandom, ValuesAreThoseOfAPlainSearch) {
     std::size_t used = 0;
     testing::forEachRandomBody(testing::bodies(1500), [&](auto&, const RandomBody& body,
@@ -69,6 +80,11 @@ TEST(ExplainUsedAfterRandom, ValuesAreThoseOfAPlainSearch) {
                 const SymbolView symbol = body.universe.elementAt(i);
                 const auto reason = explainUsedAfter(inside, around, symbol);
                 ASSERT_EQ(reason.has_value(), isUsedAfter(inside, around, i));
+                const auto atExit = explainReachesExit(inside, around, symbol);
+                ASSERT_EQ(atExit.has_value(), reachesExit(inside, around, i));
+                if (atExit) {
+                    ASSERT_EQ(checkReachesExit(inside, around, symbol, *atExit).objection, "");
+                }
                 if (!reason) continue;
                 ++used;
                 ASSERT_EQ(checkUsedAfter(inside, around, symbol, *reason).objection, "");

@@ -30,5 +30,9 @@ ZT_ORVEX_KIT_EXPORT ExplanationCheck checkUsedAfter(const FlowGraph& construct,
                                                     const FlowGraph& around,
                                                     const SymbolView& symbol,
                                                     const ValueUsedAfter& reason);
+ZT_ORVEX_KIT_EXPORT ExplanationCheck checkReachesExit(const FlowGraph& construct,
+                                                      const FlowGraph& around,
+                                                      const SymbolView& symbol,
+                                                      const ValueUsedAfter& reason);
 
 } // namespace zt::orvex::kit

@@ -7,6 +7,8 @@
 
 #include <boost/optional.hpp>
 
+#include <functional>
+
 namespace zt::orvex::kit {
 
 // Reasons for what the library answers, each of which `checkExplanation` accepts.
@@ -31,10 +33,32 @@ ZT_ORVEX_KIT_EXPORT Explanation explain(const FlowGraph& graph, const SymbolView
 ZT_ORVEX_KIT_EXPORT boost::optional<CarriedValue> explainCarried(const FlowGraph& body,
                                                                  const SymbolView& symbol);
 
+/// Which accesses to a variable a reason may name: those that the functions accept. An empty
+/// function accepts all.
+struct AccessChoice {
+    std::function<bool(const Access&)> isRead;
+    std::function<bool(const Access&)> isWrite;
+};
+
+/// As above, but the value must reach one of the chosen reads, and come from one of the chosen
+/// writes. A consumer that knows more of some accesses leaves them out: in `u(i) = u(i) + u(i - 1)`,
+/// an iteration reads at `u(i)` only what it has written itself.
+///
+/// The writes that aren't chosen still end the way of a value. So does none of the reads. The
+/// functions are called for accesses to the variable alone, maybe more than once for each.
+ZT_ORVEX_KIT_EXPORT boost::optional<CarriedValue>
+explainCarried(const FlowGraph& body, const SymbolView& symbol, const AccessChoice& among);
+
 /// Why a value that the construct writes may be read after it; nothing if it can't. `construct` is
 /// the graph of its body, `around` that of a body which holds the construct. Throws as
 /// `explainCarried` does.
 ZT_ORVEX_KIT_EXPORT boost::optional<ValueUsedAfter>
 explainUsedAfter(const FlowGraph& construct, const FlowGraph& around, const SymbolView& symbol);
+
+/// Why a value that the construct writes may still be there at the exit of `around`, where the
+/// caller of a function takes its outputs; nothing if it can't. The path ends at the exit, not at a
+/// read. Otherwise as `explainUsedAfter`.
+ZT_ORVEX_KIT_EXPORT boost::optional<ValueUsedAfter>
+explainReachesExit(const FlowGraph& construct, const FlowGraph& around, const SymbolView& symbol);
 
 } // namespace zt::orvex::kit

@@ -68,12 +68,12 @@ struct CarriedValue {
     FlowPath read;
 };
 
-/// Why a value that a construct writes is read after it.
+/// Why a value that a construct writes is read after it, or is still there at the end.
 struct ValueUsedAfter {
     SymbolView symbol;
     Access write;
     /// In the graph of the body around the construct: from the node inside that writes, out of the
-    /// construct, and on to the read, with no whole write between. Some path leads from the entry to
+    /// construct, and on to the read or the exit, with no whole write between. Some path leads from the entry to
     /// the first node.
     FlowPath path;
 };
