@@ -1,12 +1,18 @@
 #include "report/analysis/Analyze.h"
 
 #include "report/analysis/Classify.h"
+#include "report/analysis/ConstructFacts.h"
+#include "report/analysis/LeavesParallel.h"
 #include "report/analysis/LibraryAnswers.h"
+#include "report/analysis/LostValueRemarks.h"
 #include "report/analysis/MentionedVariables.h"
+#include "report/analysis/OwnElements.h"
 #include "report/analysis/PlaceFinder.h"
 #include "report/analysis/Remarks.h"
 #include "report/analysis/RestrictedUses.h"
 #include "report/analysis/SyntaxSpans.h"
+#include "report/analysis/UsedAfter.h"
+#include "report/analysis/VariableRemarks.h"
 #include "source/Utf8.h"
 
 #include <zt_orvex/ast/TypedViews.h>
@@ -16,9 +22,11 @@
 #include <cstddef>
 #include <exception>
 #include <new>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <unordered_set>
 #include <utility>
 #include <vector>
@@ -32,7 +40,8 @@ namespace {
 class FileAnalysis {
 public:
     explicit FileAnalysis(ParsedFile& toAnalyze)
-        : parsed(toAnalyze), mentioned(parsed), places(parsed.source, *parsed.tree) {}
+        : parsed(toAnalyze), mentioned(parsed), places(parsed.source, *parsed.tree),
+          usedAfter(parsed) {}
 
     File run() {
         file.path = parsed.path;
@@ -45,6 +54,7 @@ public:
             tryAddConstruct(construct);
         sortDiagnostics();
         addRestrictedRemarks();
+        addLeavingRemarks();
         sortRemarks();
         file.syntax = findSyntaxSpans(parsed);
         file.source = std::move(parsed.source);
@@ -100,8 +110,9 @@ private:
 
     void addConstruct(const ostrel::Construct& parsedConstruct) {
         const std::vector<SymbolView> universe = mentioned.in(parsedConstruct);
-        const LibraryAnswers answers =
-            askLibrary(parsedConstruct, universe, parsed.scopes[parsedConstruct.scope].ans);
+        const ConstructFacts facts(parsedConstruct, universe,
+                                   parsed.scopes[parsedConstruct.scope].ans);
+        const LibraryAnswers& answers = facts.answers;
         Construct construct;
         construct.kind = kindOf(parsedConstruct);
         construct.keyword =
@@ -110,7 +121,7 @@ private:
         construct.enclosing = findEnclosing(construct.extent);
         construct.scope = parsedConstruct.scope;
         if (construct.kind == ConstructKind::Parfor)
-            construct.loopVariable = loopVariableOf(ParforStatementView(parsedConstruct.node));
+            construct.loopVariable = nameOfLoopVariable(ParforStatementView(parsedConstruct.node));
         construct.liveAsTemporary = sortedNames(answers.liveAsTemporary);
         construct.maybeLiveAsTemporary = sortedNames(answers.maybeLiveAsTemporary);
         if (construct.kind == ConstructKind::Parfor)
@@ -118,12 +129,41 @@ private:
         else
             construct.notOutputs = sortedNames(without(universe, answers.outputs));
         construct.ansPossiblyReadBeforeBeingWritten = answers.ansPossiblyReadBeforeBeingWritten;
-        construct.variables = classify(parsed, parsedConstruct, universe, answers, places);
+        addVariables(facts, construct);
         std::vector<NodeView> uses = findRestrictedUses(bodyOf(parsedConstruct));
         construct.restrictedExternals = restrictedNames(uses);
         addAnsRemark(construct);
+        reported.emplace(parsedIndexOf(facts), file.constructs.size());
         file.constructs.push_back(std::move(construct));
         restrictedUses.push_back(std::move(uses));
+    }
+
+    /// With the remarks on them. `construct` is the next in `file.constructs`.
+    void addVariables(const ConstructFacts& facts, Construct& construct) {
+        std::optional<OwnElements> own;
+        if (construct.kind == ConstructKind::Parfor) own.emplace(facts);
+        for (ClassifiedVariable& each : classify(parsed, facts, own ? &*own : nullptr, places)) {
+            if (own) addRemarks(facts, *own, each, construct);
+            construct.variables.push_back(std::move(each.variable));
+        }
+    }
+
+    void addRemarks(const ConstructFacts& facts, const OwnElements& own,
+                    const ClassifiedVariable& each, const Construct& construct) {
+        const std::size_t index = file.constructs.size();
+        auto remark = remarkOnRole(parsed, facts, own, each.variable, each.symbol, places);
+        if (remark) add(*std::move(remark), index);
+        const Role role = each.variable.role;
+        if (role != Role::Temporary && role != Role::LoopVariable) return;
+        const std::string& function = file.scopes[construct.scope].name;
+        remark = remarkOnLostValue(usedAfter, parsedIndexOf(facts), facts.graph, each,
+                                   construct.loopVariable, function, places);
+        if (remark) add(*std::move(remark), index);
+    }
+
+    /// Constructs that can't be analysed aren't in the report.
+    std::size_t parsedIndexOf(const ConstructFacts& facts) const {
+        return static_cast<std::size_t>(&facts.construct - parsed.constructs.data());
     }
 
     /// In source order, what encloses a construct is the previous one or one that encloses that.
@@ -136,10 +176,6 @@ private:
             candidate = construct.enclosing;
         }
         return candidate;
-    }
-
-    static std::string loopVariableOf(ParforStatementView loop) {
-        return toUtf8(IdentifierView(loop.getParforVariable()).getIdentifierName());
     }
 
     static SymbolSet without(const std::vector<SymbolView>& universe, const SymbolSet& removed) {
@@ -193,6 +229,17 @@ private:
         }
     }
 
+    void addLeavingRemarks() {
+        for (const Leaving& leaving : findLeaving(parsed)) {
+            const auto construct = reported.find(leaving.construct);
+            if (construct == reported.end()) continue;
+            const bool isReturn = leaving.statement.getKind() == NodeKind::ReturnStatement;
+            add(remarkOnLeaving(file.constructs[construct->second].kind, isReturn,
+                                places.of(leaving.statement)),
+                construct->second);
+        }
+    }
+
     void add(Remark remark, std::size_t construct) {
         remark.construct = construct;
         file.remarks.push_back(std::move(remark));
@@ -207,8 +254,10 @@ private:
     ParsedFile& parsed;
     const MentionedVariables mentioned;
     const PlaceFinder places;
+    UsedAfter usedAfter;
     File file;
-    std::vector<std::vector<NodeView>> restrictedUses; ///< Indexed like `file.constructs`.
+    std::unordered_map<std::size_t, std::size_t> reported; ///< Of the parsed: their indices here.
+    std::vector<std::vector<NodeView>> restrictedUses;     ///< Indexed like `file.constructs`.
 };
 
 } // namespace

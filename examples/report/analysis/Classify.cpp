@@ -1,7 +1,8 @@
 #include "report/analysis/Classify.h"
 
 #include "report/analysis/FirstAndLastUses.h"
-#include "report/analysis/OwnElements.h"
+#include "report/analysis/Reductions.h"
+#include "report/analysis/Roles.h"
 #include "source/Utf8.h"
 
 #include <zt_orvex/ast/ForEachNodeIn.h>
@@ -10,6 +11,9 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
 #include <unordered_map>
 #include <utility>
 
@@ -17,51 +21,40 @@ namespace ostrel::report {
 
 using namespace zt::orvex;
 
-Role roleOf(const Evidence& evidence) {
-    const bool isParfor = evidence.kind == ConstructKind::Parfor;
-    if (evidence.isLoopVariable) return Role::LoopVariable;
-    if (!evidence.isWritten) return evidence.isLive ? Role::ReadFromOutside : Role::NotUsed;
-    if (!evidence.isLive) return isParfor ? Role::Temporary : Role::Output;
-    if (!isParfor) return Role::Updated;
-    return evidence.isLiveAsSliced && !evidence.hasOwnElements ? Role::Carried : Role::Sliced;
-}
-
 namespace {
 
 /// Collects what is known about each variable of one construct.
 class Classifier {
 public:
-    Classifier(const ParsedFile& parsed, const ostrel::Construct& which,
-               const std::vector<SymbolView>& variables, const LibraryAnswers& libraryAnswers,
-               const PlaceFinder& placeFinder)
-        : file(parsed), construct(which), universe(variables), answers(libraryAnswers),
-          places(placeFinder), kind(kindOf(construct)),
-          uses(findFirstAndLastUses(file, bodyOf(construct), universe)) {
-        for (std::size_t i = 0; i < universe.size(); ++i)
-            indices.emplace(universe[i], i);
-        if (kind == ConstructKind::Parfor) noteLoopVariable(ParforStatementView(construct.node));
+    Classifier(const ParsedFile& parsed, const ConstructFacts& constructFacts,
+               const OwnElements* ownElements, const PlaceFinder& placeFinder)
+        : file(parsed), facts(constructFacts), own(ownElements), places(placeFinder),
+          construct(facts.construct), kind(kindOf(construct)),
+          uses(findFirstAndLastUses(*file.tree, facts.graph, facts.unwritten)) {
+        if (kind != ConstructKind::Parfor) return;
+        const ParforStatementView loop(construct.node);
+        loopVariable = IdentifierView(loop.getParforVariable()).getIdentifierSymbol();
+        reductions = findReductions(loop.getParforBody());
     }
 
-    std::vector<Variable> run() {
-        std::vector<Variable> all(universe.size());
+    std::vector<ClassifiedVariable> run() {
+        std::vector<Variable> all(facts.universe.size());
+        isReadByHead.resize(all.size());
         gatherPlaces(all);
-        std::vector<Variable> named;
-        for (std::size_t i = 0; i < all.size(); ++i) {
+        std::vector<ClassifiedVariable> named;
+        for (std::uint64_t i = 0; i < all.size(); ++i) {
             if (all[i].places.empty()) continue;
-            describe(all[i], universe[i], uses[i]);
-            named.push_back(std::move(all[i]));
+            describe(all[i], i);
+            named.push_back({std::move(all[i]), facts.universe.elementAt(i)});
         }
+        std::sort(named.begin(), named.end(),
+                  [](const ClassifiedVariable& a, const ClassifiedVariable& b) {
+                      return a.variable.places.front().offset < b.variable.places.front().offset;
+                  });
         return named;
     }
 
 private:
-    void noteLoopVariable(ParforStatementView loop) {
-        loopVariable = IdentifierView(loop.getParforVariable()).getIdentifierSymbol();
-        const auto index = indices.find(*loopVariable);
-        const bool isWritten = index != indices.end() && uses[index->second].lastWrite;
-        if (!isWritten) ownElements = findOwnElements(loop);
-    }
-
     void gatherPlaces(std::vector<Variable>& variables) {
         std::vector<NodeView> names;
         forEachNodeIn(construct.node, [&](NodeView node) {
@@ -73,12 +66,22 @@ private:
         });
         const std::size_t bodyBegin = offsetOfBody();
         for (const NodeView name : names) {
-            const auto index = indices.find(IdentifierView(name).getIdentifierSymbol());
-            if (index == indices.end()) continue;
-            Variable& variable = variables[index->second];
-            variable.places.push_back(places.of(name));
-            if (variable.places.back().offset >= bodyBegin) variable.isInBody = true;
+            const std::uint64_t index =
+                facts.universe.indexOrSize(IdentifierView(name).getIdentifierSymbol());
+            if (index >= variables.size()) continue;
+            variables[index].places.push_back(places.of(name));
+            if (variables[index].places.back().offset >= bodyBegin) {
+                variables[index].isInBody = true;
+            } else if (!isVariableOfHead(name)) {
+                isReadByHead[index] = true;
+            }
         }
+    }
+
+    /// The head of a `parfor` writes its variable, and reads all others that it names.
+    bool isVariableOfHead(NodeView name) const {
+        return kind == ConstructKind::Parfor &&
+               ParforStatementView(construct.node).getParforVariable() == name;
     }
 
     std::size_t offsetOfBody() const {
@@ -87,28 +90,31 @@ private:
                                 : file.tree->beginOffset(body[0]);
     }
 
-    void describe(Variable& variable, SymbolView symbol, const FirstAndLastUses& of) {
+    void describe(Variable& variable, std::uint64_t index) const {
+        const SymbolView symbol = facts.universe.elementAt(index);
+        const FirstAndLastUses& of = uses[index];
         variable.name = toUtf8(file.tree->symbolName(symbol));
-        variable.hasOwnElements = ownElements.count(symbol) != 0;
-        variable.isReadOnEveryPath = answers.liveAsTemporary.count(symbol) != 0;
-        variable.role = roleOf(evidenceOf(variable, symbol, of));
+        variable.hasOwnElements = own != nullptr && own->hasOnlyOwn(symbol);
+        variable.isReadOnEveryPath = facts.answers.liveAsTemporary.count(symbol) != 0;
+        variable.role = roleOf(evidenceOf(variable, index));
+        if (variable.role == Role::Reduction) variable.by = reductions.at(symbol);
         if (of.lastWrite) variable.lastWrite = placeOfWrite(*of.lastWrite);
-        const bool isPartWriteOfSlice = variable.role == Role::Sliced && !variable.hasOwnElements;
-        if (variable.role == Role::LoopVariable || isPartWriteOfSlice) return;
         if (!of.firstRead) return;
         variable.firstRead = places.of(of.firstRead->access.identifier);
         variable.isFirstReadPartialWrite = kit::isWrite(of.firstRead->access.kind);
     }
 
-    Evidence evidenceOf(const Variable& variable, SymbolView symbol,
-                        const FirstAndLastUses& of) const {
+    Evidence evidenceOf(const Variable& variable, std::uint64_t index) const {
+        const SymbolView symbol = facts.universe.elementAt(index);
         Evidence evidence;
         evidence.kind = kind;
         evidence.isLoopVariable = loopVariable == symbol;
-        evidence.isWritten = of.lastWrite.has_value();
-        evidence.isLive = isLive(symbol) || !variable.isInBody; // else the head reads it
-        evidence.isLiveAsSliced = answers.notLiveAsSliced.count(symbol) == 0;
+        evidence.isReadByHead = isReadByHead[index];
+        evidence.isWritten = uses[index].lastWrite.has_value();
+        evidence.isLive = isLive(symbol);
+        evidence.isLiveAsSliced = facts.answers.notLiveAsSliced.count(symbol) == 0;
         evidence.hasOwnElements = variable.hasOwnElements;
+        evidence.isReduction = reductions.count(symbol) != 0;
         return evidence;
     }
 
@@ -116,9 +122,10 @@ private:
     /// the analysis of `ans` counts it.
     bool isLive(SymbolView symbol) const {
         if (symbol == file.scopes[construct.scope].ans)
-            return answers.ansPossiblyReadBeforeBeingWritten;
-        if (kind == ConstructKind::Parfor) return answers.maybeLiveAsTemporary.count(symbol) != 0;
-        return answers.outputs.count(symbol) == 0;
+            return facts.answers.ansPossiblyReadBeforeBeingWritten;
+        if (kind == ConstructKind::Parfor)
+            return facts.answers.maybeLiveAsTemporary.count(symbol) != 0;
+        return facts.answers.outputs.count(symbol) == 0;
     }
 
     /// An `ans` that isn't in the text is written where its statement is.
@@ -128,23 +135,22 @@ private:
     }
 
     const ParsedFile& file;
-    const ostrel::Construct& construct;
-    const std::vector<SymbolView>& universe;
-    const LibraryAnswers& answers;
+    const ConstructFacts& facts;
+    const OwnElements* own;
     const PlaceFinder& places;
-    ConstructKind kind;
-    std::vector<FirstAndLastUses> uses;
-    std::unordered_map<SymbolView, std::size_t> indices;
+    const ostrel::Construct& construct;
+    const ConstructKind kind;
+    const std::vector<FirstAndLastUses> uses;
     std::optional<SymbolView> loopVariable;
-    SymbolSet ownElements;
+    std::unordered_map<SymbolView, std::string> reductions;
+    std::vector<bool> isReadByHead; ///< By index in the universe.
 };
 
 } // namespace
 
-std::vector<Variable> classify(const ParsedFile& file, const ostrel::Construct& construct,
-                               const std::vector<SymbolView>& universe,
-                               const LibraryAnswers& answers, const PlaceFinder& places) {
-    return Classifier(file, construct, universe, answers, places).run();
+std::vector<ClassifiedVariable> classify(const ParsedFile& file, const ConstructFacts& facts,
+                                         const OwnElements* own, const PlaceFinder& places) {
+    return Classifier(file, facts, own, places).run();
 }
 
 } // namespace ostrel::report

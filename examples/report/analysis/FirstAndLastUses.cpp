@@ -1,10 +1,5 @@
 #include "report/analysis/FirstAndLastUses.h"
 
-#include "report/analysis/UnwrittenVariables.h"
-
-#include <zt_orvex/flow/OrderedSet.h>
-#include <zt_orvex_kit/body/FlowGraph.h>
-
 #include <utility>
 
 namespace ostrel::report {
@@ -15,8 +10,8 @@ namespace {
 
 class UseFinder {
 public:
-    UseFinder(const Tree& program, const kit::FlowGraph& body)
-        : tree(program), graph(body), unwritten(body), found(body.variableCount()) {}
+    UseFinder(const Tree& program, const kit::FlowGraph& body, const UnwrittenVariables& variables)
+        : tree(program), graph(body), unwritten(variables), found(body.variableCount()) {}
 
     std::vector<FirstAndLastUses> run() {
         for (kit::FlowNode node = 0; node < graph.size(); ++node) {
@@ -57,19 +52,15 @@ private:
 
     const Tree& tree;
     const kit::FlowGraph& graph;
-    const UnwrittenVariables unwritten;
+    const UnwrittenVariables& unwritten;
     std::vector<FirstAndLastUses> found;
 };
 
 } // namespace
 
-std::vector<FirstAndLastUses> findFirstAndLastUses(const ParsedFile& file, StatementRangeView body,
-                                                   const std::vector<SymbolView>& universe) {
-    const flow::OrderedSet<SymbolView> variables(universe.begin(), universe.end());
-    // For every variable but `ans`, this mode is the same as Plain.
-    const kit::FlowGraph graph(variables, body, flow::AnalysisTypeView::May,
-                               flow::AnalysisModeView::Ans);
-    return UseFinder(*file.tree, graph).run();
+std::vector<FirstAndLastUses> findFirstAndLastUses(const Tree& tree, const kit::FlowGraph& body,
+                                                   const UnwrittenVariables& unwritten) {
+    return UseFinder(tree, body, unwritten).run();
 }
 
 } // namespace ostrel::report

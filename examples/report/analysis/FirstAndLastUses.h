@@ -1,11 +1,11 @@
 #pragma once
 
-#include "frontend/ParsedFile.h"
+#include "report/analysis/UnwrittenVariables.h"
+#include "tree/Tree.h"
 
 #include <zt_orvex/ast/NodeView.h>
-#include <zt_orvex/ast/RangeViews.h>
-#include <zt_orvex/ast/SymbolView.h>
 #include <zt_orvex_kit/body/Access.h>
+#include <zt_orvex_kit/body/FlowGraph.h>
 
 #include <optional>
 #include <vector>
@@ -29,15 +29,14 @@ struct FirstAndLastUses {
 };
 
 /// Finds the places that explain the library's answers, which only name variables: for each variable
-/// of `universe`, at its index, the first read of the value that it has on entry to `body`, and its
-/// last write.
+/// that the graph knows, at its index, the first read of the value that it has on entry to the body,
+/// and its last write.
 ///
 /// The variables with a first read are those that the library finds live on entry to the body (type
 /// May, mode Plain), except that `ans` follows mode Ans: an expression statement writes it.
-///
-/// Cost: that of a flow graph of the body, and of `UnwrittenVariables`.
-std::vector<FirstAndLastUses>
-findFirstAndLastUses(const ParsedFile& file, zt::orvex::StatementRangeView body,
-                     const std::vector<zt::orvex::SymbolView>& universe);
+/// Cost: linear in the graph.
+std::vector<FirstAndLastUses> findFirstAndLastUses(const Tree& tree,
+                                                   const zt::orvex::kit::FlowGraph& body,
+                                                   const UnwrittenVariables& unwritten);
 
 } // namespace ostrel::report

@@ -4,7 +4,6 @@
 #include <zt_orvex/analysis/LiveVariables.h>
 #include <zt_orvex/ast/NodeKind.h>
 #include <zt_orvex/ast/TypedViews.h>
-#include <zt_orvex/flow/OrderedSet.h>
 
 namespace ostrel::report {
 
@@ -22,8 +21,7 @@ StatementRangeView bodyOf(const ostrel::Construct& construct) {
 }
 
 LibraryAnswers askLibrary(const ostrel::Construct& construct,
-                          const std::vector<SymbolView>& variables, SymbolView ans) {
-    const flow::OrderedSet<SymbolView> universe(variables.begin(), variables.end());
+                          const flow::OrderedSet<SymbolView>& universe, SymbolView ans) {
     LibraryAnswers answers;
     if (kindOf(construct) == ConstructKind::Parfor) {
         const ParforStatementView loop(construct.node);

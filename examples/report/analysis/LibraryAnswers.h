@@ -5,9 +5,9 @@
 
 #include <zt_orvex/ast/RangeViews.h>
 #include <zt_orvex/ast/SymbolView.h>
+#include <zt_orvex/flow/OrderedSet.h>
 
 #include <unordered_set>
-#include <vector>
 
 namespace ostrel::report {
 
@@ -26,7 +26,7 @@ struct LibraryAnswers {
 /// Asks the library all questions about a construct, for the variables in `universe`; `ans` is that
 /// of its scope. Exceptions of the library pass through.
 LibraryAnswers askLibrary(const ostrel::Construct& construct,
-                          const std::vector<zt::orvex::SymbolView>& universe,
+                          const zt::orvex::flow::OrderedSet<zt::orvex::SymbolView>& universe,
                           zt::orvex::SymbolView ans);
 
 ConstructKind kindOf(const ostrel::Construct& construct);

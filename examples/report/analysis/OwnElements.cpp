@@ -2,30 +2,20 @@
 
 #include <zt_orvex/ast/ForEachNodeIn.h>
 #include <zt_orvex/ast/NodeKind.h>
-
-#include <boost/optional.hpp>
+#include <zt_orvex/ast/TypedViews.h>
 
 #include <algorithm>
-#include <cstddef>
 #include <iterator>
-#include <unordered_map>
-#include <vector>
+#include <utility>
 
 namespace ostrel::report {
 
 using namespace zt::orvex;
 
-namespace {
-
-/// Where an index has the loop variable. `places` becomes empty if two uses of a variable differ.
-struct IndexShape {
-    std::size_t size = 0;
-    std::vector<std::size_t> places; ///< Sorted; the arguments that are the bare loop variable.
-};
-
-class OwnElementFinder {
+/// Collects the shapes of all indices that directly follow a name.
+class OwnElements::Finder {
 public:
-    explicit OwnElementFinder(SymbolView variable) : loopVariable(variable) {}
+    Finder(SymbolView variable, OwnElements& found) : loopVariable(variable), into(found) {}
 
     void visit(NodeView node) {
         switch (node.getKind()) {
@@ -42,20 +32,14 @@ public:
             noteIndex(operation.getParenBase(), operation.getParenArguments());
             break;
         }
-        case NodeKind::Identifier:
-            noteUse(IdentifierView(node));
+        case NodeKind::Identifier: {
+            const SymbolView symbol = IdentifierView(node).getIdentifierSymbol();
+            restrict(into.uses, symbol, into.indexed[node]);
             break;
+        }
         default:
             break;
         }
-    }
-
-    std::unordered_set<SymbolView> result() const {
-        std::unordered_set<SymbolView> own;
-        for (const auto& [symbol, shape] : shapes) {
-            if (!shape.places.empty()) own.insert(symbol);
-        }
-        return own;
     }
 
 private:
@@ -68,13 +52,13 @@ private:
 
     /// The walk visits an operation before its base, so the index is kept until then.
     void noteIndex(NodeView base, ExpressionRangeView arguments) {
-        if (base.getKind() != NodeKind::Identifier) return;
+        if (base.getKind() != NodeKind::Identifier || base == removed) return;
         IndexShape shape;
         for (const NodeView argument : arguments) {
             if (isLoopVariable(argument)) shape.places.push_back(shape.size);
             ++shape.size;
         }
-        indexed[base] = std::move(shape);
+        into.indexed[base] = std::move(shape);
     }
 
     void noteRemoval(AssignmentStatementView assignment) {
@@ -83,39 +67,59 @@ private:
         if (value.getKind() != NodeKind::Matrix || MatrixView(value).getMatrixRows().size() != 0)
             return;
         if (target.getKind() == NodeKind::ParenOperation)
-            removals.insert(ParenOperationView(target).getParenBase());
-    }
-
-    void noteUse(IdentifierView name) {
-        const auto use = indexed.find(name);
-        const bool isIndexed = use != indexed.end() && removals.count(name) == 0;
-        const IndexShape shape = isIndexed ? use->second : IndexShape();
-        const auto [known, isFirst] = shapes.emplace(name.getIdentifierSymbol(), shape);
-        if (!isFirst) restrict(known->second, shape);
-    }
-
-    static void restrict(IndexShape& known, const IndexShape& shape) {
-        std::vector<std::size_t> common;
-        if (known.size == shape.size) {
-            std::set_intersection(known.places.begin(), known.places.end(), shape.places.begin(),
-                                  shape.places.end(), std::back_inserter(common));
-        }
-        known.places = std::move(common);
+            removed = ParenOperationView(target).getParenBase();
     }
 
     SymbolView loopVariable;
-    std::unordered_map<NodeView, IndexShape> indexed;
-    std::unordered_set<NodeView> removals;
-    std::unordered_map<SymbolView, IndexShape> shapes;
+    NodeView removed{}; ///< What the last removal so far takes elements from.
+    OwnElements& into;
 };
 
-} // namespace
-
-std::unordered_set<SymbolView> findOwnElements(ParforStatementView loop) {
-    OwnElementFinder finder(IdentifierView(loop.getParforVariable()).getIdentifierSymbol());
+OwnElements::OwnElements(const ConstructFacts& facts) {
+    const ParforStatementView loop(facts.construct.node);
+    const SymbolView loopVariable = IdentifierView(loop.getParforVariable()).getIdentifierSymbol();
+    Finder finder(loopVariable, *this);
     for (const NodeView statement : loop.getParforBody())
         forEachNodeIn(statement, [&](NodeView node) { finder.visit(node); });
-    return finder.result();
+    for (kit::FlowNode node = 0; node < facts.graph.size(); ++node) {
+        if (!facts.unwritten.isReachable(node)) continue;
+        for (const kit::Access& access : facts.graph.accesses(node)) {
+            if (!kit::isWrite(access.kind)) continue;
+            restrict(writes, access.symbol, indexed[access.identifier]);
+        }
+    }
+    if (writes.count(loopVariable) == 0) return;
+    indexed.clear();
+    uses.clear();
+    writes.clear();
+}
+
+bool OwnElements::hasOnlyOwn(SymbolView variable) const {
+    const auto found = uses.find(variable);
+    return found != uses.end() && !found->second.places.empty();
+}
+
+bool OwnElements::isOwn(const kit::Access& access) const {
+    const auto use = indexed.find(access.identifier);
+    const auto written = writes.find(access.symbol);
+    if (use == indexed.end() || written == writes.end()) return false;
+    IndexShape common = use->second;
+    restrict(common, written->second);
+    return !common.places.empty();
+}
+
+void OwnElements::restrict(IndexShape& known, const IndexShape& shape) {
+    std::vector<std::size_t> common;
+    if (known.size == shape.size) {
+        std::set_intersection(known.places.begin(), known.places.end(), shape.places.begin(),
+                              shape.places.end(), std::back_inserter(common));
+    }
+    known.places = std::move(common);
+}
+
+void OwnElements::restrict(Shapes& shapes, SymbolView variable, const IndexShape& shape) {
+    const auto [known, isFirst] = shapes.emplace(variable, shape);
+    if (!isFirst) restrict(known->second, shape);
 }
 
 } // namespace ostrel::report

@@ -1,15 +1,20 @@
 #include "report/analysis/Remarks.h"
 
+#include "report/analysis/PathSteps.h"
 #include "source/Utf8.h"
 
+#include <zt_orvex/ast/NodeKind.h>
 #include <zt_orvex/pragma/Pragma.h>
 
 #include <algorithm>
 #include <array>
 #include <cctype>
 #include <string_view>
+#include <utility>
 
 namespace ostrel::report {
+
+using namespace zt::orvex;
 
 namespace {
 
@@ -45,6 +50,27 @@ constexpr std::array<RestrictedRow, 18> RESTRICTED{{
     {"who", BY_NAME, IN_FUNCTION},
     {"whos", BY_NAME, IN_FUNCTION},
 }};
+
+/// Why a block may not write what is written in it.
+struct BlockRow {
+    NodeKind kind;
+    std::string_view word;
+    std::string_view reason;
+};
+
+constexpr std::array<BlockRow, 6> BLOCKS{{
+    {NodeKind::ForStatement, "loop", "which may run no iteration"},
+    {NodeKind::WhileStatement, "loop", "which may run no iteration"},
+    {NodeKind::ParforStatement, "parfor", "which may run no iteration"},
+    {NodeKind::IfStatement, "if", "which doesn't assign it on every path"},
+    {NodeKind::SwitchStatement, "switch", "which doesn't assign it in every case"},
+    {NodeKind::TryStatement, "try", "which an error may leave before it has"},
+}};
+
+const BlockRow& rowOf(NodeKind kind) {
+    return *std::find_if(BLOCKS.begin(), BLOCKS.end(),
+                         [&](const BlockRow& row) { return row.kind == kind; });
+}
 
 RestrictedRow rowOf(std::string_view name) {
     for (const RestrictedRow& row : RESTRICTED) {
@@ -88,40 +114,143 @@ std::string helpForDirective(const std::string& name) {
     return "known directives: " + all;
 }
 
+Remark makeRemark(RemarkCode code, const std::string& about, const Place& place,
+                  std::string message, std::string help) {
+    Remark remark;
+    remark.code = code;
+    remark.variable = about;
+    remark.place = place;
+    remark.message = std::move(message);
+    remark.help = std::move(help);
+    return remark;
+}
+
+/// Such as `'x(k)'`.
+std::string element(const std::string& name, const std::string& index) {
+    return quoted(name + "(" + index + ")");
+}
+
+std::string helpForLost(const std::string& name, const std::string& loopVariable) {
+    if (name == loopVariable)
+        return "assign what you need after the loop to another variable there";
+    return "let each iteration write its own element, such as " + element(name, loopVariable) +
+           ", and choose among them after the loop";
+}
+
 } // namespace
 
+Remark remarkOnCarried(const std::string& name, const Place& read, const Place& written,
+                       bool isPartialWrite) {
+    const std::string what =
+        (isPartialWrite ? "this write keeps the rest of " : "this reads ") + quoted(name);
+    return makeRemark(
+        RemarkCode::Carried, name, read,
+        what + ", which another iteration may have written at " + lineAndColumn(written), "");
+}
+
+Remark remarkOnShared(const std::string& name, const std::string& loopVariable,
+                      const Place& write) {
+    return makeRemark(RemarkCode::Shared, name, write,
+                      "two iterations may write the same part of " + quoted(name),
+                      "let each iteration write its own element, such as " +
+                          element(name, loopVariable) + ", and combine them after the loop");
+}
+
+Remark remarkOnLoopVariable(const std::string& name, const Place& write) {
+    return makeRemark(RemarkCode::LoopVariableWritten, name, write,
+                      "the body writes " + quoted(name) + ", the variable of its own parfor",
+                      "use another variable; each iteration gets " + quoted(name) +
+                          " from the parfor");
+}
+
+Remark remarkOnUseAfter(const std::string& name, const Place& write, const Place& read,
+                        const std::string& loopVariable) {
+    return makeRemark(RemarkCode::UsedAfter, name, write,
+                      quoted(name) +
+                          " loses its value at the end of the parfor, and may be read at " +
+                          lineAndColumn(read),
+                      helpForLost(name, loopVariable));
+}
+
+Remark remarkOnLostOutput(const std::string& name, const Place& write, const std::string& function,
+                          const std::string& loopVariable) {
+    return makeRemark(RemarkCode::UsedAfter, name, write,
+                      quoted(name) +
+                          " loses its value at the end of the parfor, and is an output of " +
+                          quoted(function),
+                      helpForLost(name, loopVariable));
+}
+
+Remark remarkOnLeaving(ConstructKind kind, bool isReturn, const Place& place) {
+    const std::string word = isReturn ? "return" : "break";
+    const bool isParfor = kind == ConstructKind::Parfor;
+    return makeRemark(RemarkCode::LeavesParallel, word, place,
+                      "a " + word + " cannot leave " + withArticle(kind) + " body",
+                      isParfor ? "skip the rest of the iteration by 'continue' or 'if', or use "
+                                 "'for' instead of 'parfor'"
+                               : "skip the rest of the block by 'if', and return after it");
+}
+
 Remark remarkOnAns(ConstructKind kind, const Place& place) {
-    Remark remark;
-    remark.code = RemarkCode::Ans;
-    remark.place = place;
-    remark.variable = "ans";
-    remark.message =
-        std::string("'ans' may be read here before the ") + keywordOf(kind) + " body has set it";
-    remark.help = "assign the value to a variable, and read that instead";
-    return remark;
+    return makeRemark(RemarkCode::Ans, "ans", place,
+                      std::string("'ans' may be read here before the ") + keywordOf(kind) +
+                          " body has set it",
+                      "assign the value to a variable, and read that instead");
 }
 
 Remark remarkOnRestricted(ConstructKind kind, const std::string& name, const Place& place) {
     const RestrictedRow row = rowOf(name);
-    Remark remark;
-    remark.code = RemarkCode::Restricted;
-    remark.place = place;
-    remark.variable = name;
-    remark.message = quoted(name) + " is restricted in " + withArticle(kind) + " body: it " +
-                     std::string(row.reason);
-    remark.help = row.help;
-    return remark;
+    return makeRemark(RemarkCode::Restricted, name, place,
+                      quoted(name) + " is restricted in " + withArticle(kind) + " body: it " +
+                          std::string(row.reason),
+                      std::string(row.help));
 }
 
 Remark remarkOnUnknownPragma(const PragmaEntry& pragma) {
-    Remark remark;
-    remark.code = RemarkCode::UnknownPragma;
-    remark.place = pragma.place;
-    remark.variable = pragma.name;
-    remark.message =
-        "no directive is called " + quoted(pragma.name) + ", so tools ignore this pragma";
-    remark.help = helpForDirective(pragma.name);
-    return remark;
+    return makeRemark(RemarkCode::UnknownPragma, pragma.name, pragma.place,
+                      "no directive is called " + quoted(pragma.name) +
+                          ", so tools ignore this pragma",
+                      helpForDirective(pragma.name));
+}
+
+std::string helpToAssignBefore(const std::string& name, NodeView block, const Place& place,
+                               bool isReadInside) {
+    const BlockRow& row = rowOf(block.getKind());
+    return "assign " + quoted(name) + " before the " + std::string(row.word) + " at " +
+           lineAndColumn(place) + ", " +
+           (isReadInside ? "which reads it first" : std::string(row.reason));
+}
+
+std::string helpToAssignWhole(const std::string& name, const std::string& loopVariable) {
+    return "assign all of " + quoted(name) + " at the beginning of the body, or index it by " +
+           quoted(loopVariable) + " alone";
+}
+
+std::string helpToMakeIndependent(const std::string& name, bool isWrittenWhole) {
+    const std::string reduction = isWrittenWhole
+                                      ? "only combine it by one operation, as in " +
+                                            quoted(name + " = " + name + " + e") + " or " +
+                                            quoted(name + " = max(" + name + ", e)") + ", "
+                                      : "";
+    return "compute " + quoted(name) + " without the other iterations, " + reduction +
+           "or use 'for' instead of 'parfor'";
+}
+
+Step stepOfWrite(const std::string& name, const Place& place) {
+    return {place, quoted(name) + " is written at " + lineAndColumn(place)};
+}
+
+Step stepOfRead(const std::string& name, const Place& place, bool isPartialWrite) {
+    return {place, quoted(name) + (isPartialWrite ? " keeps its rest at " : " is read at ") +
+                       lineAndColumn(place)};
+}
+
+Step stepOfOutput(const std::string& name, const Place& end) {
+    return {end, "the function returns " + quoted(name)};
+}
+
+std::string nameOfLoopVariable(ParforStatementView loop) {
+    return toUtf8(IdentifierView(loop.getParforVariable()).getIdentifierName());
 }
 
 } // namespace ostrel::report

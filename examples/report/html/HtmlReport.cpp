@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <map>
+#include <memory>
 #include <optional>
 #include <ostream>
 #include <string>
@@ -131,17 +132,18 @@ struct Span {
     std::string tag;
 };
 
-class HtmlWriter {
+class HtmlWriter : public ReportWriter {
 public:
     explicit HtmlWriter(std::ostream& stream) : out(stream) {}
 
-    void write(const Report& report) {
+    void begin() override {
         out << HTML_HEAD << "<header>\n<h1>Ostrel report</h1>\n"
             << HTML_LEGEND << "</header>\n<main>\n";
-        for (std::size_t i = 0; i < report.files.size(); ++i)
-            writeFile(report.files[i], i);
-        out << "</main>\n" << HTML_FOOT;
     }
+
+    void write(const File& file) override { writeFile(file, written++); }
+
+    void end() override { out << "</main>\n" << HTML_FOOT; }
 
 private:
     void writeFile(const File& file, std::size_t number) {
@@ -347,10 +349,17 @@ private:
     }
 
     std::ostream& out;
+    std::size_t written = 0; ///< The number of files so far.
 };
 
 } // namespace
 
-void writeHtmlReport(std::ostream& out, const Report& report) { HtmlWriter(out).write(report); }
+std::unique_ptr<ReportWriter> makeHtmlWriter(std::ostream& out) {
+    return std::make_unique<HtmlWriter>(out);
+}
+
+void writeHtmlReport(std::ostream& out, const Report& report) {
+    writeAll(*makeHtmlWriter(out), report);
+}
 
 } // namespace ostrel::report

@@ -48,7 +48,7 @@ struct Construct {
 
     std::vector<std::string> restrictedExternals; ///< The ones that the body uses.
 
-    std::vector<Variable> variables; ///< In the universe's order.
+    std::vector<Variable> variables; ///< In the order in which the construct names them.
 };
 
 struct PragmaEntry {

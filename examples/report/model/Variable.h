@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace ostrel::report {
@@ -45,6 +46,9 @@ enum class Role {
     /// `spmd`: live and written: it comes from outside and is changed.
     Updated,
 };
+
+/// A role as programs know it, such as `readFromOutside`.
+std::string_view identifierOf(Role role);
 
 /// A variable of the scope that a construct names.
 struct Variable {

@@ -19,6 +19,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <memory>
 #include <new>
 #include <optional>
 #include <sstream>
@@ -33,15 +34,13 @@ namespace {
 /// The writers, by the name of their format.
 struct Format {
     const char* name;
-    void (*write)(std::ostream& out, const Report& report, const TextStyle& style);
+    std::unique_ptr<ReportWriter> (*makeWriter)(std::ostream& out, const TextStyle& style);
 };
 
 constexpr std::array<Format, 3> FORMATS{{
-    {"text", writeTextReport},
-    {"json", [](std::ostream& out, const Report& report,
-                const TextStyle&) { writeJsonReport(out, report); }},
-    {"html", [](std::ostream& out, const Report& report,
-                const TextStyle&) { writeHtmlReport(out, report); }},
+    {"text", makeTextWriter},
+    {"json", [](std::ostream& out, const TextStyle&) { return makeJsonWriter(out); }},
+    {"html", [](std::ostream& out, const TextStyle&) { return makeHtmlWriter(out); }},
 }};
 
 void complain(const std::string& message) {
@@ -109,7 +108,7 @@ bool write(std::ostream& out, const Options& options, const Report& report) {
     const auto format = std::find_if(FORMATS.begin(), FORMATS.end(), [&](const Format& each) {
         return options.format == each.name;
     });
-    format->write(out, report, styleFor(options));
+    writeAll(*format->makeWriter(out, styleFor(options)), report);
     out.flush();
     return out.good();
 }

@@ -77,16 +77,23 @@ std::string counted(std::size_t count, const char* what) {
     return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
 }
 
-class TextWriter {
+class TextWriter : public ReportWriter {
 public:
     TextWriter(std::ostream& stream, const TextStyle& textStyle) : out(stream), style(textStyle) {}
 
-    void write(const Report& report) {
-        for (const File& file : report.files) {
-            if (&file != &report.files.front()) out << '\n';
-            write(file);
-        }
-        if (report.files.size() > 1) writeSummary(report);
+    void begin() override {}
+
+    void write(const File& file) override {
+        if (totals.files > 0) out << '\n';
+        writeFile(file);
+        ++totals.files;
+        totals.constructs += file.constructs.size();
+        totals.errors += file.diagnostics.size();
+        totals.remarks += file.remarks.size();
+    }
+
+    void end() override {
+        if (totals.files > 1) writeSummary();
     }
 
 private:
@@ -102,7 +109,7 @@ private:
         if (isPainted) out << RESET;
     }
 
-    void write(const File& file) {
+    void writeFile(const File& file) {
         writeErrors(file);
         for (const Construct& construct : file.constructs) {
             separate(file, construct);
@@ -251,17 +258,10 @@ private:
             out << (i == 0 ? "" : std::string(indent, ' ')) << lines[i] << '\n';
     }
 
-    void writeSummary(const Report& report) {
-        std::size_t constructs = 0;
-        std::size_t errors = 0;
-        std::size_t remarks = 0;
-        for (const File& file : report.files) {
-            constructs += file.constructs.size();
-            errors += file.diagnostics.size();
-            remarks += file.remarks.size();
-        }
+    void writeSummary() {
+        const auto& [files, constructs, errors, remarks] = totals;
         out << '\n';
-        paint(Tone::Heading, counted(report.files.size(), "file"));
+        paint(Tone::Heading, counted(files, "file"));
         out << ": " << counted(constructs, "construct") << ", ";
         paint(errors == 0 ? Tone::Plain : Tone::Error, counted(errors, "error"));
         out << ", ";
@@ -269,14 +269,26 @@ private:
         out << '\n';
     }
 
+    struct Totals {
+        std::size_t files = 0;
+        std::size_t constructs = 0;
+        std::size_t errors = 0;
+        std::size_t remarks = 0;
+    };
+
     std::ostream& out;
-    const TextStyle& style;
+    const TextStyle style;
+    Totals totals;
 };
 
 } // namespace
 
+std::unique_ptr<ReportWriter> makeTextWriter(std::ostream& out, const TextStyle& style) {
+    return std::make_unique<TextWriter>(out, style);
+}
+
 void writeTextReport(std::ostream& out, const Report& report, const TextStyle& style) {
-    TextWriter(out, style).write(report);
+    writeAll(*makeTextWriter(out, style), report);
 }
 
 } // namespace ostrel::report

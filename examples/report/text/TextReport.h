@@ -1,8 +1,9 @@
 #pragma once
 
-#include "report/model/Report.h"
+#include "report/model/ReportWriter.h"
 
 #include <cstddef>
+#include <memory>
 #include <ostream>
 
 namespace ostrel::report {
@@ -12,8 +13,12 @@ struct TextStyle {
     std::size_t width = 100; ///< In columns; messages, paths and names may be wider.
 };
 
-/// Writes the report for a person at a terminal: errors, then each construct with its variables and
-/// its warnings, then the other warnings; for several files, a summary at the end.
+/// A writer of the report for a person at a terminal: errors, then each construct with its variables
+/// and its remarks, then the other remarks; for several files, a summary at the end. The stream must
+/// outlive the writer.
+std::unique_ptr<ReportWriter> makeTextWriter(std::ostream& out, const TextStyle& style);
+
+/// Writes a report that is at hand as a whole.
 void writeTextReport(std::ostream& out, const Report& report, const TextStyle& style);
 
 } // namespace ostrel::report

@@ -130,7 +130,7 @@ TEST(Analyze, NestedUseIsListedAtBothConstructsAndGetsOneRemark) {
 TEST(Analyze, RemarksAreInSourceOrder) {
     const File file = reportOf("parfor k = 1:3\n eval('1');\n x = ans;\n load f\nend");
     EXPECT_THAT(file.remarks.size(), 2U);
-    const File other = reportOf("parfor k = 1:3\n x = ans;\n eval('1');\n load f\nend");
+    const File other = reportOf("spmd\n x = ans;\n eval('1');\n load f\nend");
     std::vector<std::string> names;
     for (const Remark& remark : other.remarks)
         names.push_back(remark.variable);

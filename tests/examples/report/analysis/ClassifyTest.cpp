@@ -11,36 +11,12 @@ namespace ostrel::report::testing {
 
 namespace {
 
-Evidence evidence(ConstructKind kind, bool isWritten, bool isLive, bool isLiveAsSliced = true,
-                  bool hasOwnElements = false) {
-    return {kind, false, isWritten, isLive, isLiveAsSliced, hasOwnElements};
-}
-
-TEST(Role, FollowsFromTheEvidence) {
-    constexpr ConstructKind PARFOR = ConstructKind::Parfor;
-    constexpr ConstructKind SPMD = ConstructKind::Spmd;
-    EXPECT_EQ(roleOf(evidence(PARFOR, false, false)), Role::NotUsed);
-    EXPECT_EQ(roleOf(evidence(PARFOR, false, true)), Role::ReadFromOutside);
-    EXPECT_EQ(roleOf(evidence(PARFOR, true, false)), Role::Temporary);
-    EXPECT_EQ(roleOf(evidence(PARFOR, true, true)), Role::Carried);
-    EXPECT_EQ(roleOf(evidence(PARFOR, true, true, false)), Role::Sliced);
-    EXPECT_EQ(roleOf(evidence(PARFOR, true, true, true, true)), Role::Sliced);
-    EXPECT_EQ(roleOf(evidence(PARFOR, false, true, true, true)), Role::ReadFromOutside);
-    EXPECT_EQ(roleOf(evidence(SPMD, false, false)), Role::NotUsed);
-    EXPECT_EQ(roleOf(evidence(SPMD, false, true)), Role::ReadFromOutside);
-    EXPECT_EQ(roleOf(evidence(SPMD, true, false)), Role::Output);
-    EXPECT_EQ(roleOf(evidence(SPMD, true, true)), Role::Updated);
-}
-
-TEST(Role, LoopVariableTakesPrecedence) {
-    Evidence all = evidence(ConstructKind::Parfor, true, true);
-    all.isLoopVariable = true;
-    EXPECT_EQ(roleOf(all), Role::LoopVariable);
+TEST(Classify, LoopVariableThatTheBodyWritesKeepsItsRole) {
     EXPECT_EQ(roleIn("parfor k = 1:3, k = k + 1; end", "k"), Role::LoopVariable);
 }
 
-TEST(Classify, SumIsCarriedFromItsReadToItsWrite) {
-    const File file = reportOf("s = 0;\nx = 1:9;\nparfor k = 1:9\n    s = s + x(k);\nend\n");
+TEST(Classify, ValueIsCarriedFromItsReadToItsWrite) {
+    const File file = reportOf("s = 0;\nx = 1:9;\nparfor k = 1:9\n    s = s / x(k);\nend\n");
     const Variable sum = variableOf(file.constructs.at(0), "s");
     EXPECT_EQ(sum.role, Role::Carried);
     EXPECT_EQ(lineAndColumn(sum.firstRead.value()), "4:9");
@@ -81,7 +57,7 @@ TEST(Classify, ElementsThatOtherIterationsUseAreCarried) {
               Role::Carried);
 }
 
-TEST(Classify, ElementsAreSharedIfTheBodyWritesTheLoopVariable) {
+TEST(Classify, ElementsAreNotOwnIfTheBodyWritesTheLoopVariable) {
     EXPECT_EQ(roleIn("x = 1;\nparfor k = 1:9, k = 1; x(k) = x(k) + 1; end", "x"), Role::Carried);
 }
 
@@ -89,13 +65,25 @@ TEST(Classify, VariableWithRemovedElementsIsNotSliced) {
     EXPECT_EQ(roleIn("x = 1;\nparfor k = 1:9, y = x(k); x(k) = []; end", "x"), Role::Carried);
 }
 
-TEST(Classify, PartsNotReadBeforeTheirWriteAreSliced) {
-    const std::string text = "h = 1; b = 1;\nparfor k = 1:9, h(b(k)) = 1; s.a = 2; end";
-    EXPECT_EQ(roleIn(text, "h"), Role::Sliced);
-    EXPECT_EQ(roleIn(text, "s"), Role::Sliced);
-    const File file = reportOf(text);
-    EXPECT_FALSE(variableOf(file.constructs.at(0), "h").hasOwnElements);
-    EXPECT_FALSE(variableOf(file.constructs.at(0), "h").firstRead);
+TEST(Classify, UnreachableWriteOfTheLoopVariableDoesNotCount) {
+    EXPECT_EQ(roleIn("x = 1;\nparfor k = 1:9, x(k) = x(k) + 1; continue, k = 1; end", "x"),
+              Role::Sliced);
+}
+
+TEST(Classify, PartsThatTwoIterationsMayWriteAreShared) {
+    EXPECT_EQ(roleIn("x = 1;\nparfor i = 1:9, x(7) = i; end", "x"), Role::Shared);
+    EXPECT_EQ(roleIn("w = 1;\nparfor i = 1:9, w(mod(i,3)+1) = i; end", "w"), Role::Shared);
+    EXPECT_EQ(roleIn("f = 1; c = 1;\nparfor i = 1:9, f(c) = i; end", "f"), Role::Shared);
+    EXPECT_EQ(roleIn("parfor i = 1:9, w.f = i; end", "w"), Role::Shared);
+    EXPECT_EQ(roleIn("x = 1;\nparfor i = 1:9, x(i) = 1; x(2) = 1; end", "x"), Role::Shared);
+}
+
+TEST(Classify, PartOfASharedVariableIsReadByItsWrite) {
+    const File file = reportOf("h = 1; b = 1;\nparfor k = 1:9, h(b(k)) = 1; end");
+    const Variable variable = variableOf(file.constructs.at(0), "h");
+    EXPECT_FALSE(variable.hasOwnElements);
+    EXPECT_TRUE(variable.isFirstReadPartialWrite);
+    EXPECT_EQ(lineAndColumn(variable.firstRead.value()), "2:17");
 }
 
 TEST(Classify, NoteSaysThatAPartialWriteIsTheFirstRead) {
@@ -134,20 +122,35 @@ TEST(Classify, VariablesNotNamedByTheConstructAreLeftOut) {
     const File file = reportOf("a = 1; b = 2;\nparfor k = 1:a\n c = 3;\nend");
     const Construct& construct = file.constructs.at(0);
     ASSERT_EQ(construct.variables.size(), 3U);
-    EXPECT_EQ(construct.variables[0].name, "a");
-    EXPECT_FALSE(construct.variables[0].isInBody);
-    EXPECT_EQ(construct.variables[0].role, Role::ReadFromOutside);
-    EXPECT_EQ(noteOf(construct.variables[0]), "read only in the head");
-    EXPECT_EQ(construct.variables[1].name, "k");
-    EXPECT_EQ(construct.variables[1].role, Role::LoopVariable);
+    EXPECT_EQ(construct.variables[0].name, "k");
+    EXPECT_EQ(construct.variables[0].role, Role::LoopVariable);
+    EXPECT_EQ(construct.variables[1].name, "a");
+    EXPECT_FALSE(construct.variables[1].isInBody);
+    EXPECT_EQ(construct.variables[1].role, Role::ReadFromOutside);
+    EXPECT_EQ(noteOf(construct.variables[1]), "read only in the head");
     EXPECT_EQ(construct.variables[2].name, "c");
     EXPECT_TRUE(construct.variables[2].isInBody);
+}
+
+TEST(Classify, HeadReadsWhatItNames) {
+    EXPECT_EQ(roleIn("n = 1;\nparfor k = 1:n, continue, y = n; end", "n"), Role::ReadFromOutside);
+    EXPECT_EQ(roleIn("n = 1;\nparfor (k = 1:3, n), end", "n"), Role::ReadFromOutside);
+    EXPECT_EQ(roleIn("n = 1;\nspmd (n), end", "n"), Role::ReadFromOutside);
+    EXPECT_EQ(roleIn("n = 1;\nparfor k = 1:n, n = 2; end", "n"), Role::Temporary);
+}
+
+TEST(Classify, VariablesStandInTheOrderOfTheConstruct) {
+    const File file = reportOf("a = 1; b = 2; c = 3;\nparfor k = 1:c\n y = b + a;\nend");
+    std::string order;
+    for (const Variable& variable : file.constructs.at(0).variables)
+        order += variable.name;
+    EXPECT_EQ(order, "kcyba");
 }
 
 TEST(Classify, RoleDependsOnTheConstruct) {
     const File file = reportOf("parfor k = 1:3\n s = 0;\n parfor j = 1:3, s = s + j; end\nend");
     EXPECT_EQ(variableOf(file.constructs.at(0), "s").role, Role::Temporary);
-    EXPECT_EQ(variableOf(file.constructs.at(1), "s").role, Role::Carried);
+    EXPECT_EQ(variableOf(file.constructs.at(1), "s").role, Role::Reduction);
     EXPECT_EQ(variableOf(file.constructs.at(0), "j").role, Role::Temporary);
 }
 

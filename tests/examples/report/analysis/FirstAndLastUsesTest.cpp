@@ -1,6 +1,7 @@
 #include "RandomConstruct.h"
 #include "ReportOf.h"
 
+#include "report/analysis/ConstructFacts.h"
 #include "report/analysis/FirstAndLastUses.h"
 #include "report/analysis/LibraryAnswers.h"
 #include "source/Utf8.h"
@@ -24,7 +25,9 @@ std::string nameOf(const ParsedFile& file, SymbolView symbol) {
 /// The variables that the library finds live at the entry of a body; `ans` by its own question.
 std::set<std::string> liveByLibrary(const ParsedFile& file, const ostrel::Construct& construct) {
     const ostrel::Scope& scope = file.scopes[construct.scope];
-    const LibraryAnswers answers = askLibrary(construct, scope.universe, scope.ans);
+    const zt::orvex::flow::OrderedSet<SymbolView> universe(scope.universe.begin(),
+                                                           scope.universe.end());
+    const LibraryAnswers answers = askLibrary(construct, universe, scope.ans);
     const bool isParfor = kindOf(construct) == ConstructKind::Parfor;
     std::set<std::string> names;
     for (const SymbolView symbol : scope.universe) {
@@ -40,8 +43,9 @@ std::set<std::string> liveByLibrary(const ParsedFile& file, const ostrel::Constr
 /// The variables with a first read.
 std::set<std::string> readFromEntry(const ParsedFile& file, const ostrel::Construct& construct) {
     const ostrel::Scope& scope = file.scopes[construct.scope];
+    const ConstructFacts facts(construct, scope.universe, scope.ans);
     const std::vector<FirstAndLastUses> uses =
-        findFirstAndLastUses(file, bodyOf(construct), scope.universe);
+        findFirstAndLastUses(*file.tree, facts.graph, facts.unwritten);
     std::set<std::string> names;
     for (std::size_t i = 0; i < uses.size(); ++i) {
         if (uses[i].firstRead) names.insert(nameOf(file, scope.universe[i]));

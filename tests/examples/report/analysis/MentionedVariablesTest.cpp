@@ -27,6 +27,11 @@ std::string mentionedIn(std::string_view text, std::size_t construct = 0) {
     return names;
 }
 
+LibraryAnswers askAbout(const ostrel::Construct& construct,
+                        const std::vector<SymbolView>& variables, SymbolView ans) {
+    return askLibrary(construct, {variables.begin(), variables.end()}, ans);
+}
+
 TEST(MentionedVariables, KeepTheOrderOfTheScope) {
     EXPECT_EQ(mentionedIn("d = 1; c = 1; b = 1; a = 1;\nparfor k = 1:3, b = a + d; end\n"),
               "d b a k");
@@ -68,8 +73,8 @@ TEST(MentionedVariables, AreAllThatTheLibraryNeedsToKnow) {
         for (const ostrel::Construct& construct : file.constructs) {
             const ostrel::Scope& scope = file.scopes[construct.scope];
             const std::vector<SymbolView> few = mentioned.in(construct);
-            const LibraryAnswers ofFew = askLibrary(construct, few, scope.ans);
-            const LibraryAnswers ofAll = askLibrary(construct, scope.universe, scope.ans);
+            const LibraryAnswers ofFew = askAbout(construct, few, scope.ans);
+            const LibraryAnswers ofAll = askAbout(construct, scope.universe, scope.ans);
             ASSERT_LE(few.size() + 2, scope.universe.size());
             ASSERT_EQ(ofFew.liveAsTemporary, ofAll.liveAsTemporary);
             ASSERT_EQ(ofFew.maybeLiveAsTemporary, ofAll.maybeLiveAsTemporary);

@@ -75,7 +75,7 @@ TEST(HtmlReport, PlaceInNestedConstructsHasBothKeysAndTheInnerLook) {
 }
 
 TEST(HtmlReport, CarriedVariableShowsItsReadAndItsWrite) {
-    const std::string page = pageOf("s = 0;\nparfor k = 1:3\n  s = s + k;\nend\n");
+    const std::string page = pageOf("s = 0;\nparfor k = 1:3\n  s = s / k;\nend\n");
     EXPECT_THAT(page, HasSubstr("read first <a href=\"#f0L3\">3:7</a><br>carried by "
                                 "<a href=\"#f0L3\">3:3</a>"));
 }

@@ -35,24 +35,27 @@ TEST(JsonReport, IsOneObjectWithItsKeysInOrder) {
     const Json json = Json::parse(jsonText("%#ok a, b\nparfor k = 1:3, end\nspmd, end\n) \n"));
     EXPECT_THAT(keysOf(json), ElementsAre("files"));
     const Json file = json["files"][0];
-    EXPECT_THAT(keysOf(file), ElementsAre("path", "diagnostics", "pragmas", "constructs"));
+    EXPECT_THAT(keysOf(file),
+                ElementsAre("path", "diagnostics", "pragmas", "constructs", "remarks"));
     EXPECT_EQ(file["path"], "test.ost");
     EXPECT_THAT(keysOf(file["diagnostics"][0]),
-                ElementsAre("line", "column", "severity", "message"));
+                ::testing::IsSupersetOf({"line", "column", "severity", "message"}));
     EXPECT_THAT(keysOf(file["pragmas"][0]),
-                ElementsAre("line", "column", "kind", "name", "arguments"));
+                ElementsAre("line", "column", "endLine", "endColumn", "kind", "name", "arguments"));
     EXPECT_THAT(keysOf(file["constructs"][0]),
-                ElementsAre("kind", "line", "column", "scope", "variable", "universe",
-                            "liveAsTemporary", "maybeLiveAsTemporary", "notLiveAsSliced",
-                            "ansPossiblyReadBeforeBeingWritten", "restrictedExternals"));
+                ElementsAre("kind", "line", "column", "endLine", "endColumn", "scope", "variable",
+                            "universe", "liveAsTemporary", "maybeLiveAsTemporary",
+                            "notLiveAsSliced", "ansPossiblyReadBeforeBeingWritten",
+                            "restrictedExternals", "variables"));
     EXPECT_THAT(keysOf(file["constructs"][1]),
-                ElementsAre("kind", "line", "column", "scope", "universe", "outputs",
-                            "ansPossiblyReadBeforeBeingWritten", "restrictedExternals"));
+                ElementsAre("kind", "line", "column", "endLine", "endColumn", "scope", "universe",
+                            "outputs", "ansPossiblyReadBeforeBeingWritten", "restrictedExternals",
+                            "variables"));
     EXPECT_EQ(file["diagnostics"][0]["severity"], "error");
 }
 
 TEST(JsonReport, IsIndentedByTwo) {
-    EXPECT_EQ(jsonText("spmd, y = ans; end"), R"({
+    EXPECT_EQ(jsonText("spmd, y = 2; end;"), R"({
   "files": [
     {
       "path": "test.ost",
@@ -63,22 +66,88 @@ TEST(JsonReport, IsIndentedByTwo) {
           "kind": "spmd",
           "line": 1,
           "column": 1,
+          "endLine": 1,
+          "endColumn": 17,
           "scope": "",
           "universe": [
-            "y",
-            "ans"
+            "y"
           ],
           "outputs": [
             "y"
           ],
-          "ansPossiblyReadBeforeBeingWritten": true,
-          "restrictedExternals": []
+          "ansPossiblyReadBeforeBeingWritten": false,
+          "restrictedExternals": [],
+          "variables": [
+            {
+              "name": "y",
+              "role": "output",
+              "written": {
+                "line": 1,
+                "column": 7,
+                "endLine": 1,
+                "endColumn": 8
+              }
+            }
+          ]
         }
-      ]
+      ],
+      "remarks": []
     }
   ]
 }
 )");
+}
+
+TEST(JsonReport, VariableHasItsRoleAndPlaces) {
+    const Json variables =
+        Json::parse(jsonText("x = 1; s = 0;\nparfor k = 1:3\n s = s + k; x(2) "
+                             "= 1;\nend"))["files"][0]["constructs"][0]["variables"];
+    const auto place = [](int line, int begin, int end) {
+        return Json{{"line", line}, {"column", begin}, {"endLine", line}, {"endColumn", end}};
+    };
+    Json partial = place(3, 13, 14);
+    partial["partial"] = true;
+    EXPECT_EQ(variables,
+              Json::array({{{"name", "k"}, {"role", "loopVariable"}, {"read", place(3, 10, 11)}},
+                           {{"name", "s"},
+                            {"role", "reduction"},
+                            {"by", "+"},
+                            {"read", place(3, 6, 7)},
+                            {"written", place(3, 2, 3)}},
+                           {{"name", "x"},
+                            {"role", "shared"},
+                            {"read", partial},
+                            {"written", place(3, 13, 14)}}}));
+}
+
+TEST(JsonReport, RemarkHasItsPaths) {
+    const Json remarks = Json::parse(
+        jsonText("parfor k = 1:3, t = k; end\nshow(t)\n%#nothing\n"))["files"][0]["remarks"];
+    ASSERT_EQ(remarks.size(), 2U);
+    EXPECT_THAT(keysOf(remarks[0]),
+                ElementsAre("code", "line", "column", "endLine", "endColumn", "message", "help",
+                            "construct", "variable", "paths"));
+    EXPECT_EQ(remarks[0]["code"], "used-after");
+    EXPECT_EQ(remarks[0]["construct"], 0);
+    EXPECT_EQ(remarks[0]["variable"], "t");
+    ASSERT_EQ(remarks[0]["paths"].size(), 1U);
+    EXPECT_EQ(remarks[0]["paths"][0][1], (Json{{"line", 2},
+                                               {"column", 6},
+                                               {"endLine", 2},
+                                               {"endColumn", 7},
+                                               {"note", "'t' is read at 2:6"}}));
+    EXPECT_EQ(remarks[1]["code"], "unknown-pragma");
+    EXPECT_FALSE(remarks[1].contains("construct"));
+    EXPECT_EQ(remarks[1]["paths"], Json::array());
+}
+
+TEST(JsonReport, FileThatCouldNotBeReadHasNothingButItsFailure) {
+    Report report = singleReport("");
+    report.files[0].failure = "no such file";
+    std::ostringstream out;
+    writeJsonReport(out, report);
+    EXPECT_EQ(Json::parse(out.str())["files"][0],
+              (Json{{"path", "test.ost"}, {"failure", "no such file"}}));
 }
 
 TEST(JsonReport, EmptyFileHasEmptyArrays) {
