@@ -14,9 +14,9 @@ struct DisplayText {
 
 constexpr std::size_t TAB_WIDTH = 4;
 
-/// The width of a character at `column`, counted from 0: 0 for combining marks and the like, 2 for
-/// East Asian wide characters and emoji, up to TAB_WIDTH for a tab, that of its name for a character
-/// that changes the direction of writing, and 1 otherwise.
+/// The width, at `column` counted from 0, of what `appendForDisplay` appends for a character: 0 for
+/// combining marks and the like, 2 for East Asian wide characters and emoji, up to TAB_WIDTH for a
+/// tab, the length of the name for a character that is named, and 1 otherwise.
 std::size_t widthAt(std::size_t column, char32_t character);
 
 /// The code point at `at`, and its length in units; a lone surrogate stands for itself.
@@ -27,11 +27,15 @@ struct CodePoint {
 CodePoint codePointAt(std::u16string_view text, std::size_t at);
 
 /// Appends a character in a form that is safe for a terminal: a tab becomes blanks up to the next
-/// multiple of TAB_WIDTH columns; a character that changes the direction of writing becomes its
-/// name, such as `<U+202E>`; control characters become U+FFFD.
+/// multiple of TAB_WIDTH columns; a character that changes the direction of writing, or that Unicode
+/// hasn't assigned, becomes its name, such as `<U+202E>`; control characters, separators of lines
+/// and lone surrogates become U+FFFD.
 void appendForDisplay(DisplayText& text, char32_t character);
 
 /// A text in that form: a message, or the name of a file. Each byte that isn't UTF-8 becomes U+FFFD.
+DisplayText displayText(std::string_view utf8);
+
+/// The same without the width.
 std::string displayed(std::string_view utf8);
 
 /// Whether a text has an invisible character that changes the direction of writing, and so can make

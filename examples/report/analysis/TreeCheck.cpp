@@ -1,6 +1,6 @@
 #include "report/analysis/TreeCheck.h"
 
-#include "terminal/DisplayText.h"
+#include "terminal/Complaint.h"
 
 #include <zt_orvex/ast/NodeView.h>
 #include <zt_orvex/flow/OrderedSet.h>
@@ -58,7 +58,7 @@ bool isTreeCorrect(const ParsedFile& file, std::ostream& errors) {
     for (const kit::Finding& finding : findings) {
         std::ostringstream line;
         line << "the tree of '" << file.path << "' is wrong: " << finding;
-        errors << "orvex-report: " << displayed(line.str()) << '\n';
+        errors << complaint("orvex-report", line.str());
     }
     return findings.empty();
 }

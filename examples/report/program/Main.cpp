@@ -1,21 +1,18 @@
 #include "report/program/Options.h"
 #include "report/program/Run.h"
+#include "terminal/Complaint.h"
 
-#include <exception>
-#include <iostream>
-#include <new>
+namespace {
+
+int parseAndRun(int count, char** arguments) {
+    using namespace ostrel::report;
+    const ParsedOptions parsed = parseOptions(count, arguments, formatNames());
+    return parsed.exitStatus ? *parsed.exitStatus : run(parsed.options);
+}
+
+} // namespace
 
 int main(int count, char** arguments) {
-    using namespace ostrel::report;
-    try {
-        const ParsedOptions parsed = parseOptions(count, arguments, formatNames());
-        if (parsed.exitStatus) return *parsed.exitStatus;
-        return run(parsed.options);
-    } catch (const std::bad_alloc&) {
-        std::cerr << "orvex-report: not enough memory\n";
-        return EXIT_CANNOT_DO;
-    } catch (const std::exception& error) {
-        std::cerr << "orvex-report: " << error.what() << '\n';
-        return EXIT_CANNOT_DO;
-    }
+    return ostrel::guardMain("orvex-report", ostrel::report::EXIT_CANNOT_DO, parseAndRun, count,
+                             arguments);
 }

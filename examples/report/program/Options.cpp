@@ -1,5 +1,7 @@
 #include "report/program/Options.h"
 
+#include "terminal/Complaint.h"
+
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
@@ -22,8 +24,7 @@ constexpr const char* FOOTER =
     "or too little memory.";
 
 std::string failureText(const CLI::App*, const CLI::Error& error) {
-    return std::string("orvex-report: ") + error.what() +
-           "\nRun orvex-report --help for more information.\n";
+    return usageComplaint("orvex-report", error.what());
 }
 
 } // namespace

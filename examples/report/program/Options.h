@@ -1,12 +1,12 @@
 #pragma once
 
+#include "terminal/ColorChoice.h"
+
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace ostrel::report {
-
-enum class ColorChoice { Auto, Always, Never };
 
 struct Options {
     std::string format = "text";

@@ -26,8 +26,8 @@ void Progress::next(const std::string& path) {
     if (now - lastShown < (isShown ? NEXT_AFTER : FIRST_AFTER)) return;
     std::string line = "file " + std::to_string(started) + " of " + std::to_string(count) + ": ";
     const std::size_t width = terminalWidth(stderr, 80);
-    const std::string name = displayed(path);
-    if (line.size() + name.size() < width) line += name;
+    const DisplayText name = displayText(path);
+    if (line.size() + name.width < width) line += name.utf8;
     std::cerr << ERASE_LINE << line << std::flush;
     isShown = true;
     lastShown = now;

@@ -7,14 +7,13 @@
 #include "report/json/JsonReport.h"
 #include "report/program/Progress.h"
 #include "report/text/TextReport.h"
-#include "terminal/DisplayText.h"
+#include "terminal/Complaint.h"
 #include "terminal/Terminal.h"
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
@@ -24,7 +23,6 @@
 #include <optional>
 #include <sstream>
 #include <stdexcept>
-#include <string_view>
 #include <system_error>
 
 namespace ostrel::report {
@@ -43,9 +41,7 @@ constexpr std::array<Format, 3> FORMATS{{
     {"html", [](std::ostream& out, const TextStyle&) { return makeHtmlWriter(out); }},
 }};
 
-void complain(const std::string& message) {
-    std::cerr << "orvex-report: " << displayed(message) << '\n';
-}
+void complain(const std::string& message) { std::cerr << complaint("orvex-report", message); }
 
 /// Why a file that isn't UTF-8 can't be read, and where it stops being UTF-8.
 std::string reasonOf(const ParsedFile& parsed) {
@@ -74,18 +70,11 @@ bool mayAnalyze(const ParsedFile& parsed, const Options& options, Progress& prog
     return false;
 }
 
-/// The value of an environment variable; empty if it isn't set.
-std::string_view environment(const char* name) {
-    const char* value = std::getenv(name);
-    return value == nullptr ? std::string_view() : std::string_view(value);
-}
-
 TextStyle styleFor(const Options& options) {
-    const bool toTerminal = options.output.empty() && isTerminal(stdout);
-    const bool isWelcome = environment("NO_COLOR").empty() && environment("TERM") != "dumb";
+    const bool isFile = !options.output.empty();
+    const bool toTerminal = !isFile && isTerminal(stdout);
     TextStyle style;
-    style.isColored = options.color == ColorChoice::Always ||
-                      (options.color == ColorChoice::Auto && toTerminal && isWelcome);
+    style.isColored = wantsColor(options.color, colorSurroundings(isFile, toTerminal));
     if (toTerminal) style.width = terminalWidth(stdout, style.width);
     return style;
 }

@@ -2,10 +2,11 @@
 
 #include "report/text/RoleText.h"
 #include "terminal/DisplayText.h"
-#include "terminal/SourceSnippet.h"
+#include "terminal/MessageWriter.h"
+#include "terminal/Tone.h"
+#include "terminal/Wrap.h"
 
 #include <algorithm>
-#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -14,18 +15,6 @@
 namespace ostrel::report {
 
 namespace {
-
-/// Emphasis; `sequenceOf` gives the escape sequence.
-enum class Tone { Plain, Heading, Faint, Error, Warning, Help, Loop, Private, Shared, Result };
-
-constexpr const char* RESET = "\x1b[0m";
-
-const char* sequenceOf(Tone tone) {
-    constexpr std::array<const char*, 10> SEQUENCES{
-        "",         "\x1b[1m",  "\x1b[2m",  "\x1b[1;31m", "\x1b[1;33m",
-        "\x1b[36m", "\x1b[36m", "\x1b[32m", "\x1b[33m",   "\x1b[35m"};
-    return SEQUENCES[static_cast<std::size_t>(tone)];
-}
 
 Tone toneOf(Role role) {
     switch (role) {
@@ -49,28 +38,9 @@ Tone toneOf(Role role) {
     return Tone::Plain;
 }
 
-std::string placeText(const std::string& path, std::size_t line, std::size_t column) {
-    return displayed(path) + ":" + std::to_string(line) + ":" + std::to_string(column);
-}
-
 std::string padded(std::string text, std::size_t width) {
     text.resize(std::max(text.size(), width), ' ');
     return text;
-}
-
-/// Breaks a text into lines of at most `width` columns, between words; a longer word stays whole.
-std::vector<std::string> wrap(std::string_view text, std::size_t width) {
-    std::vector<std::string> lines(1);
-    while (!text.empty()) {
-        const std::size_t end = std::min(text.find(' '), text.size());
-        const std::string_view word = text.substr(0, end);
-        text.remove_prefix(std::min(end + 1, text.size()));
-        if (!lines.back().empty() && lines.back().size() + 1 + word.size() > width)
-            lines.emplace_back();
-        if (!lines.back().empty()) lines.back() += ' ';
-        lines.back() += word;
-    }
-    return lines;
 }
 
 std::string counted(std::size_t count, const char* what) {
@@ -79,7 +49,8 @@ std::string counted(std::size_t count, const char* what) {
 
 class TextWriter : public ReportWriter {
 public:
-    TextWriter(std::ostream& stream, const TextStyle& textStyle) : out(stream), style(textStyle) {}
+    TextWriter(std::ostream& stream, const TextStyle& textStyle)
+        : out(stream), style(textStyle), messages(stream, textStyle) {}
 
     void begin() override {}
 
@@ -102,12 +73,7 @@ private:
     static constexpr std::size_t MIN_NOTE_WIDTH = 30;
     static constexpr std::size_t INDENT = 4;
 
-    void paint(Tone tone, std::string_view text) {
-        const bool isPainted = style.isColored && tone != Tone::Plain && !text.empty();
-        if (isPainted) out << sequenceOf(tone);
-        out << text;
-        if (isPainted) out << RESET;
-    }
+    void paint(Tone tone, std::string_view text) { out << painted(style, tone, text); }
 
     void writeFile(const File& file) {
         writeErrors(file);
@@ -141,8 +107,9 @@ private:
         for (std::size_t i = 0; i < shown; ++i) {
             const Diagnostic& diagnostic = file.diagnostics[i];
             const bool isError = diagnostic.severity == Severity::Error;
-            writeMessage(file, diagnostic.place, isError ? Tone::Error : Tone::Warning,
-                         isError ? "error" : "warning", diagnostic.message);
+            messages.write(file.path, file.source, diagnostic.place,
+                           {isError ? Tone::Error : Tone::Warning, isError ? "error" : "warning",
+                            diagnostic.message, diagnostic.help});
         }
         if (shown < file.diagnostics.size())
             out << displayed(file.path) << ": " << file.diagnostics.size() - shown
@@ -150,40 +117,10 @@ private:
     }
 
     void write(const File& file, const Remark& remark) {
-        writeMessage(file, remark.place, Tone::Warning, "remark",
-                     remark.message + " [" + std::string(nameOf(remark.code)) + "]");
-        const std::size_t indent = gutterOf(remark.place).size();
-        const std::string_view label = "help: ";
-        const std::vector<std::string> lines =
-            wrap(displayed(remark.help), columnsAfter(indent + label.size()));
-        for (std::size_t i = 0; i < lines.size(); ++i) {
-            out << std::string(indent, ' ');
-            if (i == 0) paint(Tone::Help, label);
-            out << (i == 0 ? "" : std::string(label.size(), ' ')) << lines[i] << '\n';
-        }
-    }
-
-    /// `path:line:column: error: message`, the line, and a caret.
-    void writeMessage(const File& file, const Place& place, Tone tone, std::string_view severity,
-                      const std::string& message) {
-        paint(Tone::Heading, placeText(file.path, place.line, place.column) + ":");
-        out << ' ';
-        paint(tone, std::string(severity) + ":");
-        out << ' ' << displayed(message) << '\n';
-        const std::string gutter = gutterOf(place);
-        const SourceSnippet snippet =
-            cutSnippet(file.source, place, columnsAfter(gutter.size() + 2));
-        paint(Tone::Faint, gutter + "|");
-        out << ' ' << snippet.source << '\n';
-        paint(Tone::Faint, std::string(gutter.size(), ' ') + "|");
-        out << ' ';
-        paint(tone, snippet.marker);
-        out << '\n';
-    }
-
-    static std::string gutterOf(const Place& place) {
-        std::string number = std::to_string(place.line);
-        return std::string(number.size() < 5 ? 5 - number.size() : 0, ' ') + number + " ";
+        messages.write(file.path, file.source, remark.place,
+                       {Tone::Warning, "remark",
+                        remark.message + " [" + std::string(nameOf(remark.code)) + "]",
+                        remark.help});
     }
 
     std::size_t columnsAfter(std::size_t used) const {
@@ -197,8 +134,7 @@ private:
     }
 
     void writeHeading(const File& file, const Construct& construct) {
-        const std::string place =
-            placeText(file.path, construct.keyword.line, construct.keyword.column);
+        const std::string place = placeText(file.path, construct.keyword);
         std::string what = keywordOf(construct.kind);
         if (construct.kind == ConstructKind::Parfor) what += " over " + construct.loopVariable;
         const std::string& scope = file.scopes[construct.scope].name;
@@ -279,6 +215,7 @@ private:
     std::ostream& out;
     const TextStyle style;
     Totals totals;
+    MessageWriter messages;
 };
 
 } // namespace

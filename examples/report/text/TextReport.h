@@ -1,17 +1,12 @@
 #pragma once
 
 #include "report/model/ReportWriter.h"
+#include "terminal/TextStyle.h"
 
-#include <cstddef>
 #include <memory>
 #include <ostream>
 
 namespace ostrel::report {
-
-struct TextStyle {
-    bool isColored = false;
-    std::size_t width = 100; ///< In columns; messages, paths and names may be wider.
-};
 
 /// A writer of the report for a person at a terminal: errors, then each construct with its variables
 /// and its remarks, then the other remarks; for several files, a summary at the end. The stream must
