@@ -11,7 +11,8 @@ libgtest-dev        the tests
 libgmock-dev        the matchers of the tests
 libcli11-dev        the command line of the example
 nlohmann-json3-dev  the JSON output of the example
-pkg-config          the test that finds the installed library with it
+libutf8proc-dev     how wide the characters are that the example shows at a terminal
+pkg-config          finds libutf8proc, and the test that finds the installed library with it
 abigail-tools       the test that compares the binary interface with its description
 gdb                 the test of the printers for it
 python3             generates two headers from the table of kinds, and prunes that description
