@@ -33,14 +33,10 @@ bool wantsColor(ColorChoice choice, const ColorSurroundings& surroundings) {
     };
     // The first rule that applies decides.
     const Rule rules[] = {
-        {choice == ColorChoice::Always, true},
-        {choice == ColorChoice::Never, false},
-        {isSet(surroundings.noColor), false},
-        {surroundings.isFile, false},
-        {forces(surroundings.forceColor), true},
-        {forces(surroundings.cliColorForce), true},
-        {surroundings.term == "dumb", false},
-        {surroundings.isTerminal, true},
+        {choice == ColorChoice::Always, true},   {choice == ColorChoice::Never, false},
+        {isSet(surroundings.noColor), false},    {surroundings.isFile, false},
+        {forces(surroundings.forceColor), true}, {forces(surroundings.cliColorForce), true},
+        {surroundings.term == "dumb", false},    {surroundings.isTerminal, true},
     };
     for (const Rule& rule : rules) {
         if (rule.applies) return rule.result;

@@ -73,8 +73,8 @@ void MessageWriter::writeSnippet(const SourceText& source, const Place& place, T
 void MessageWriter::writeNote(const Place& place, Tone tone, std::string_view label,
                               std::string_view text, std::size_t indent) {
     const std::string outer(gutterOf(place).size() + indent, ' ');
-    const std::string inner(outer.size() + label.size() + 1, ' ');
-    out << outer << painted(style, tone, label) << ' ';
+    const std::string inner(outer.size() + (label.empty() ? 0 : label.size() + 1), ' ');
+    out << outer << painted(style, tone, label) << (label.empty() ? "" : " ");
     bool isFirst = true;
     for (const std::string& line : wrap(displayed(text), columnsAfter(inner.size()))) {
         out << (isFirst ? "" : inner) << line << '\n';

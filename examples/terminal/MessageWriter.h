@@ -56,7 +56,7 @@ public:
     ///           a function
     ///
     /// `place` is that of the snippet. `indent` is further indentation. The label must be ASCII; a
-    /// blank separates it from the text.
+    /// blank separates it from the text. It may be empty.
     void writeNote(const Place& place, Tone tone, std::string_view label, std::string_view text,
                    std::size_t indent = 0);
 

@@ -18,10 +18,15 @@ std::string firstUse(const Variable& variable) {
 }
 
 std::string noteOfSliced(const Variable& variable) {
-    if (!variable.hasOwnElements) return "written in parts, none of them read before";
     if (!variable.firstRead || variable.isFirstReadPartialWrite)
         return "each iteration writes its own elements";
     return "each iteration reads and writes its own elements, " + firstUse(variable);
+}
+
+bool isAppending(const std::string& operation) { return operation == "[,]" || operation == "[;]"; }
+
+std::string noteOfReduction(const Variable& variable) {
+    return isAppending(variable.by) ? "appended to only" : "combined by " + variable.by + " only";
 }
 
 std::string noteOfRead(const Variable& variable) {
@@ -58,6 +63,11 @@ const char* nameOf(Role role) {
     return "";
 }
 
+std::string roleText(const Variable& variable) {
+    const std::string name = nameOf(variable.role);
+    return variable.role == Role::Reduction ? name + " by " + variable.by : name;
+}
+
 std::string noteOf(const Variable& variable) {
     switch (variable.role) {
     case Role::LoopVariable:
@@ -71,9 +81,9 @@ std::string noteOf(const Variable& variable) {
     case Role::ReadFromOutside:
         return noteOfRead(variable);
     case Role::Shared:
-        return "two iterations may write the same part";
+        return "two iterations may write the same part; last written at " + at(variable.lastWrite);
     case Role::Reduction:
-        return "combined by " + variable.by;
+        return noteOfReduction(variable);
     case Role::Carried:
         return firstUse(variable) + "; last written at " + at(variable.lastWrite) +
                ", for another iteration";
