@@ -1,5 +1,6 @@
 #include "report/program/Options.h"
 
+#include "report/program/FailOn.h"
 #include "terminal/Complaint.h"
 
 #include <CLI/CLI.hpp>
@@ -19,9 +20,9 @@ const std::map<std::string, ColorChoice> COLOR_CHOICES{
 constexpr const char* DESCRIPTION =
     "Reports the role of each variable in the parfor and spmd statements of Ostrel source files.";
 constexpr const char* FOOTER =
-    "Exit status: 0 when every file was read without an error, 1 when a file has errors\n"
-    "or --check-tree finds its tree wrong, 2 on wrong usage, a file that cannot be read,\n"
-    "or too little memory.";
+    "Exit status: 0 when every file was read without an error, 1 when a file has errors,\n"
+    "when --fail-on applies or --check-tree finds a tree wrong, 2 on wrong usage, a file\n"
+    "that cannot be read, or too little memory.";
 
 std::string failureText(const CLI::App*, const CLI::Error& error) {
     return usageComplaint("orvex-report", error.what());
@@ -34,6 +35,7 @@ ParsedOptions parseOptions(int count, const char* const* arguments,
     ParsedOptions result;
     Options& options = result.options;
     std::string color = "auto";
+    std::string failOn;
 
     CLI::App app(DESCRIPTION, "orvex-report");
     app.footer(FOOTER);
@@ -50,6 +52,15 @@ ParsedOptions parseOptions(int count, const char* const* arguments,
     app.add_option("--color", color, "Whether to colour text; auto: on a terminal")
         ->check(CLI::IsMember({"auto", "always", "never"}))
         ->capture_default_str();
+    app.add_option("--fail-on", failOn,
+                   "Exit with status 1 when a remark with such a code was made; any: with any")
+        ->type_name("CODE[,CODE...]")
+        ->join(',')
+        ->check([](const std::string& list) {
+            RemarkCodes ignored;
+            return addCodes(list, ignored).value_or("");
+        });
+    app.add_flag("--quiet", options.isQuiet, "In text: errors and remarks only, no tables");
     app.add_flag("--check-tree", options.checksTrees,
                  "Check the tree of each file first; for work on the parser");
     app.add_option("FILE", options.files, "Source files; - is standard input")
@@ -62,9 +73,10 @@ ParsedOptions parseOptions(int count, const char* const* arguments,
         return result;
     }
     options.color = COLOR_CHOICES.at(color);
+    if (!failOn.empty()) addCodes(failOn, options.failOn);
     if (options.output == "-") options.output.clear();
     if (std::count(options.files.begin(), options.files.end(), "-") > 1) {
-        std::cerr << "orvex-report: standard input can be read only once\n";
+        std::cerr << complaint("orvex-report", "standard input can be read only once");
         result.exitStatus = WRONG_USAGE;
     }
     return result;

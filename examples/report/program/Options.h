@@ -1,17 +1,23 @@
 #pragma once
 
+#include "report/model/Remark.h"
 #include "terminal/ColorChoice.h"
 
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
 namespace ostrel::report {
 
+using RemarkCodes = std::set<RemarkCode>;
+
 struct Options {
     std::string format = "text";
     std::string output; ///< A path; empty for standard output.
     ColorChoice color = ColorChoice::Auto;
+    RemarkCodes failOn;       ///< The remarks that make the program fail.
+    bool isQuiet = false;     ///< Whether the text has errors and remarks only.
     bool checksTrees = false; ///< Whether the front end's trees are checked before they are used.
     std::vector<std::string> files; ///< At least one; `-` is standard input.
 };

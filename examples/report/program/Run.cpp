@@ -5,10 +5,10 @@
 #include "report/analysis/TreeCheck.h"
 #include "report/html/HtmlReport.h"
 #include "report/json/JsonReport.h"
+#include "report/program/FailOn.h"
 #include "report/program/Progress.h"
-#include "report/text/TextReport.h"
+#include "report/program/TextFor.h"
 #include "terminal/Complaint.h"
-#include "terminal/Terminal.h"
 
 #include <algorithm>
 #include <array>
@@ -32,13 +32,13 @@ namespace {
 /// The writers, by the name of their format.
 struct Format {
     const char* name;
-    std::unique_ptr<ReportWriter> (*makeWriter)(std::ostream& out, const TextStyle& style);
+    std::unique_ptr<ReportWriter> (*makeWriter)(std::ostream& out, const Options& options);
 };
 
 constexpr std::array<Format, 3> FORMATS{{
-    {"text", makeTextWriter},
-    {"json", [](std::ostream& out, const TextStyle&) { return makeJsonWriter(out); }},
-    {"html", [](std::ostream& out, const TextStyle&) { return makeHtmlWriter(out); }},
+    {"text", makeTextWriterFor},
+    {"json", [](std::ostream& out, const Options&) { return makeJsonWriter(out); }},
+    {"html", [](std::ostream& out, const Options&) { return makeHtmlWriter(out); }},
 }};
 
 void complain(const std::string& message) { std::cerr << complaint("orvex-report", message); }
@@ -70,15 +70,6 @@ bool mayAnalyze(const ParsedFile& parsed, const Options& options, Progress& prog
     return false;
 }
 
-TextStyle styleFor(const Options& options) {
-    const bool isFile = !options.output.empty();
-    const bool toTerminal = !isFile && isTerminal(stdout);
-    TextStyle style;
-    style.isColored = wantsColor(options.color, colorSurroundings(isFile, toTerminal));
-    if (toTerminal) style.width = terminalWidth(stdout, style.width);
-    return style;
-}
-
 bool isSameFile(const std::string& a, const std::string& b) {
     std::error_code error;
     return std::filesystem::equivalent(a, b, error) && !error;
@@ -97,7 +88,7 @@ bool write(std::ostream& out, const Options& options, const Report& report) {
     const auto format = std::find_if(FORMATS.begin(), FORMATS.end(), [&](const Format& each) {
         return options.format == each.name;
     });
-    writeAll(*format->makeWriter(out, styleFor(options)), report);
+    writeAll(*format->makeWriter(out, options), report);
     out.flush();
     return out.good();
 }
@@ -147,7 +138,9 @@ int run(const Options& options, const FileReader& read) {
                 continue;
             }
             report.files.push_back(analyze(std::move(parsed)));
-            if (report.files.back().hasErrors()) status = std::max(status, EXIT_FILE_HAS_ERRORS);
+            const File& file = report.files.back();
+            if (file.hasErrors() || fails(file, options))
+                status = std::max(status, EXIT_FILE_HAS_ERRORS);
         } catch (const std::runtime_error& error) {
             leaveOut(path, error.what());
         } catch (const std::bad_alloc&) {

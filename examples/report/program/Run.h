@@ -11,7 +11,7 @@ namespace ostrel::report {
 
 /// Exit statuses; the highest that applies wins.
 constexpr int EXIT_READ = 0;
-constexpr int EXIT_FILE_HAS_ERRORS = 1; ///< Or the parser made a wrong tree of it.
+constexpr int EXIT_FILE_HAS_ERRORS = 1; ///< Or a remark of `--fail-on`, or a wrong tree.
 constexpr int EXIT_CANNOT_DO = 2;
 
 /// The values of `--format`, the default first.

@@ -20,8 +20,9 @@ std::string message(std::u16string text, std::size_t offset, std::size_t length,
                     const std::string& help = "") {
     const SourceText source(std::move(text));
     std::ostringstream out;
-    MessageWriter(out, style).write(path, source, source.place(offset, length),
-                                    {Tone::Error, "error", "no such thing", help});
+    MessageWriter(out, style)
+        .write(path, source, source.place(offset, length),
+               {Tone::Error, "error", "no such thing", help});
     return out.str();
 }
 
@@ -34,10 +35,9 @@ TEST(MessageWriter, MarksAllOfThePlace) {
 }
 
 TEST(MessageWriter, PlaceOfSeveralLinesIsMarkedToTheEndOfTheFirst) {
-    EXPECT_EQ(message(u"if a\n  b\nend\n", 0, 12),
-              "a.ost:1:1: error: no such thing\n"
-              "    1 | if a\n"
-              "      | ^~~~ (continues to line 3)\n");
+    EXPECT_EQ(message(u"if a\n  b\nend\n", 0, 12), "a.ost:1:1: error: no such thing\n"
+                                                   "    1 | if a\n"
+                                                   "      | ^~~~ (continues to line 3)\n");
 }
 
 TEST(MessageWriter, LineBreakAtTheEndOfAPlaceDoesNotCount) {
@@ -54,10 +54,9 @@ TEST(MessageWriter, ExtentGoesBelowAMarkThatFillsTheLine) {
 }
 
 TEST(MessageWriter, PlaceAtTheEndOfTheTextHasACaret) {
-    EXPECT_EQ(message(u"x = ", 4, 0),
-              "a.ost:1:5: error: no such thing\n"
-              "    1 | x = \n"
-              "      |     ^\n");
+    EXPECT_EQ(message(u"x = ", 4, 0), "a.ost:1:5: error: no such thing\n"
+                                      "    1 | x = \n"
+                                      "      |     ^\n");
     EXPECT_THAT(message(u"", 0, 0), HasSubstr("\n    1 | \n      | ^\n"));
 }
 
