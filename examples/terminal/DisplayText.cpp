@@ -5,6 +5,7 @@
 
 #include <utf8proc.h>
 
+#include <algorithm>
 #include <cstdio>
 
 namespace ostrel {
@@ -46,10 +47,10 @@ std::string bracketed(char32_t character) { return "<" + codePointName(character
 
 } // namespace
 
-bool hasDirectionControl(std::string_view utf8) {
+bool hasUnsafeCharacter(std::string_view utf8) {
     for (std::size_t at = 0; at < utf8.size();) {
         const Utf8Piece piece = utf8PieceAt(utf8, at);
-        if (isDirectionControl(piece.value)) return true;
+        if (isUnsafeToShow(piece.value) && piece.value != U'\n') return true;
         at += piece.length;
     }
     return false;
@@ -121,5 +122,16 @@ DisplayText displayText(std::string_view utf8) {
 }
 
 std::string displayed(std::string_view utf8) { return displayText(utf8).utf8; }
+
+std::string displayedLines(std::string_view utf8) {
+    std::string text;
+    while (!utf8.empty()) {
+        const std::size_t end = std::min(utf8.find('\n'), utf8.size());
+        text += displayed(utf8.substr(0, end));
+        if (end < utf8.size()) text += '\n';
+        utf8.remove_prefix(std::min(end + 1, utf8.size()));
+    }
+    return text;
+}
 
 } // namespace ostrel

@@ -38,9 +38,12 @@ DisplayText displayText(std::string_view utf8);
 /// The same without the width.
 std::string displayed(std::string_view utf8);
 
-/// Whether a text has an invisible character that changes the direction of writing, and so can make
-/// it look like another one.
-bool hasDirectionControl(std::string_view utf8);
+/// A text of several lines in that form: line feeds stay.
+std::string displayedLines(std::string_view utf8);
+
+/// Whether a text has a character that must not reach a terminal (see source/UnsafeCharacters.h);
+/// line feeds may.
+bool hasUnsafeCharacter(std::string_view utf8);
 
 /// Such as `U+202E`.
 std::string codePointName(char32_t character);

@@ -16,7 +16,7 @@ std::string dump(const JsonStream::Json& json) {
                          JsonStream::Json::error_handler_t::replace);
     };
     std::string text = dumped(false);
-    return hasDirectionControl(text) ? dumped(true) : text;
+    return hasUnsafeCharacter(text) ? dumped(true) : text;
 }
 
 } // namespace

@@ -41,9 +41,9 @@ std::optional<std::string> addCodes(std::string_view list, RemarkCodes& codes) {
 }
 
 bool fails(const File& file, const Options& options) {
-    return std::any_of(
-        file.remarks.begin(), file.remarks.end(),
-        [&](const Remark& remark) { return options.failOn.count(remark.code) != 0; });
+    return std::any_of(file.remarks.begin(), file.remarks.end(), [&](const Remark& remark) {
+        return options.failOn.count(remark.code) != 0;
+    });
 }
 
 } // namespace ostrel::report

@@ -21,8 +21,7 @@ namespace ostrel::report {
 class RemarkWriter {
 public:
     /// The stream must outlive the writer.
-    RemarkWriter(std::ostream& stream, const TextStyle& textStyle)
-        : messages(stream, textStyle) {}
+    RemarkWriter(std::ostream& stream, const TextStyle& textStyle) : messages(stream, textStyle) {}
 
     void write(const File& file, const Remark& remark);
 

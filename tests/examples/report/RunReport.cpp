@@ -21,8 +21,8 @@ std::string quoted(const std::string& word) {
     return text + "'";
 }
 
-std::string commandOf(const std::vector<std::string>& arguments) {
-    std::string command = quoted(ORVEX_REPORT_PROGRAM);
+std::string commandOf(const std::string& program, const std::vector<std::string>& arguments) {
+    std::string command = quoted(program);
     for (const std::string& argument : arguments)
         command += " " + quoted(argument);
     return command;
@@ -46,11 +46,19 @@ Outcome runCommand(std::string command, const std::string& input) {
 
 Outcome runReport(const std::vector<std::string>& arguments, const std::string& input,
                   const std::string& folder) {
-    return runCommand("cd " + quoted(folder) + " && " + commandOf(arguments), input);
+    return runCommand("cd " + quoted(folder) + " && " + commandOf(ORVEX_REPORT_PROGRAM, arguments),
+                      input);
+}
+
+Outcome runProgram(const std::string& program, const std::vector<std::string>& arguments,
+                   const std::string& input) {
+    return runCommand(commandOf(program, arguments), input);
 }
 
 Outcome runReportWithin(std::size_t kib, const std::vector<std::string>& arguments) {
-    return runCommand("ulimit -v " + std::to_string(kib) + " && exec " + commandOf(arguments), "");
+    return runCommand("ulimit -v " + std::to_string(kib) + " && exec " +
+                          commandOf(ORVEX_REPORT_PROGRAM, arguments),
+                      "");
 }
 
 Outcome runReportAtTerminal(const std::vector<std::string>& arguments, unsigned short columns) {

@@ -16,10 +16,14 @@ struct Outcome {
 Outcome runReport(const std::vector<std::string>& arguments, const std::string& input = "",
                   const std::string& folder = ".");
 
-/// Runs it with that much address space, `kib` times 1024 bytes.
+/// Runs any program in the same way.
+Outcome runProgram(const std::string& program, const std::vector<std::string>& arguments,
+                   const std::string& input = "");
+
+/// Runs `orvex-report` with that much address space, `kib` times 1024 bytes.
 Outcome runReportWithin(std::size_t kib, const std::vector<std::string>& arguments);
 
-/// Runs it at a terminal of that many columns. Standard output and standard error both go to
+/// Runs `orvex-report` at a terminal of that many columns. Standard output and standard error both go to
 /// `output`.
 Outcome runReportAtTerminal(const std::vector<std::string>& arguments, unsigned short columns);
 

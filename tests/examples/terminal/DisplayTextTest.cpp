@@ -116,6 +116,18 @@ TEST(DisplayText, EachByteThatIsNotUtf8IsReplaced) {
     EXPECT_EQ(displayed("a\xFF\xC3z"), "a\xEF\xBF\xBD\xEF\xBF\xBDz");
 }
 
+TEST(DisplayText, LinesStayApart) {
+    EXPECT_EQ(displayedLines("a\x1b\n\n\tb\n"), "a\xEF\xBF\xBD\n\n    b\n");
+    EXPECT_EQ(displayedLines("a\nb"), "a\nb");
+    EXPECT_EQ(displayedLines(""), "");
+}
+
+TEST(DisplayText, TellsWhetherATextIsSafe) {
+    EXPECT_FALSE(hasUnsafeCharacter("a\n\xC3\xA9\xF0\x9F\x98\x80"));
+    for (const char* text : {"\x1b", "\x7F", "\r", "\xC2\x9B", "\xE2\x80\xA8", "\xE2\x80\xAE"})
+        EXPECT_TRUE(hasUnsafeCharacter(std::string("a") + text + "b")) << text;
+}
+
 } // namespace
 
 } // namespace ostrel::testing

@@ -192,6 +192,11 @@ TEST(JsonReport, CharactersThatChangeTheDirectionAreEscaped) {
     EXPECT_THAT(text, HasSubstr("\"arguments\": \"\xC3\xA9\""));
 }
 
+TEST(JsonReport, AllControlCharactersAreEscaped) {
+    EXPECT_THAT(jsonText("%#ok \x7F \xC2\x9B \xE2\x80\xA8 \x1b\n"),
+                HasSubstr("\"arguments\": \"\\u007f \\u009b \\u2028 \\u001b\""));
+}
+
 } // namespace
 
 } // namespace ostrel::report::testing

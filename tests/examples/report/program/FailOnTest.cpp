@@ -36,7 +36,8 @@ TEST(FailOn, AnyNamesAllCodes) {
 }
 
 TEST(FailOn, ListWithAnUnknownCodeAddsNothing) {
-    for (const char* list : {"", "carried,", ",carried", "carried,unknown", "Carried", " carried"}) {
+    for (const char* list :
+         {"", "carried,", ",carried", "carried,unknown", "Carried", " carried"}) {
         RemarkCodes codes;
         EXPECT_NE(addCodes(list, codes), std::nullopt) << list;
         EXPECT_THAT(codes, IsEmpty()) << list;

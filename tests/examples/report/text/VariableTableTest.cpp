@@ -47,24 +47,26 @@ Construct construct(std::vector<Variable> variables) {
 }
 
 TEST(VariableTable, ShowsTheRoleOfEachVariable) {
-    EXPECT_EQ(tableOf("x = 1:9;\nparfor k = 1:9\n  t = x(k);\n  y(k) = t;\nend"),
-              "    x  read from outside  first read at 3:7, on every path; each iteration reads its own"
-              " elements\n"
-              "    k  loop variable\n"
-              "    t  temporary          written before it is read in each iteration\n"
-              "    y  sliced             each iteration writes its own elements\n");
+    EXPECT_EQ(
+        tableOf("x = 1:9;\nparfor k = 1:9\n  t = x(k);\n  y(k) = t;\nend"),
+        "    x  read from outside  first read at 3:7, on every path; each iteration reads its own"
+        " elements\n"
+        "    k  loop variable\n"
+        "    t  temporary          written before it is read in each iteration\n"
+        "    y  sliced             each iteration writes its own elements\n");
 }
 
 TEST(VariableTable, SaysWhyAVariableIsCarriedSharedOrCombined) {
-    EXPECT_EQ(tableOf(construct({variable("a", Role::Carried), variable("b", Role::Shared),
-                                 variable("c", Role::Reduction, "+"),
-                                 variable("d", Role::Reduction, "[;]"),
-                                 variable("e", Role::Reduction, "max")})),
-              "    a  carried           first read at 2:5; last written at 3:1, for another iteration\n"
-              "    b  shared            two iterations may write the same part; last written at 3:1\n"
-              "    c  reduction by +    combined by + only\n"
-              "    d  reduction by [;]  appended to only\n"
-              "    e  reduction by max  combined by max only\n");
+    EXPECT_EQ(
+        tableOf(
+            construct({variable("a", Role::Carried), variable("b", Role::Shared),
+                       variable("c", Role::Reduction, "+"), variable("d", Role::Reduction, "[;]"),
+                       variable("e", Role::Reduction, "max")})),
+        "    a  carried           first read at 2:5; last written at 3:1, for another iteration\n"
+        "    b  shared            two iterations may write the same part; last written at 3:1\n"
+        "    c  reduction by +    combined by + only\n"
+        "    d  reduction by [;]  appended to only\n"
+        "    e  reduction by max  combined by max only\n");
 }
 
 TEST(VariableTable, ReductionIsColouredAsWhatStopsNothing) {

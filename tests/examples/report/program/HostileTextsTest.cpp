@@ -1,0 +1,81 @@
+#include "HostileTexts.h"
+#include "RunReport.h"
+
+#include "report/program/Run.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace ostrel::report::testing {
+
+namespace {
+
+using Arguments = std::vector<std::string>;
+
+void expectSafe(const Outcome& outcome, const std::string& what) {
+    EXPECT_EQ(unsafeCharacterIn(outcome.output), "") << what << '\n' << outcome.output;
+    EXPECT_EQ(unsafeCharacterIn(outcome.errors), "") << what << '\n' << outcome.errors;
+}
+
+/// A program with the text in literals, in comments, in pragmas, and where only an error can stand.
+std::string programWith(std::string_view hostile) {
+    const std::string text(hostile);
+    return "s = '" + text + "'; % " + text + "\n%#ok " + text + "\n%#" + text + "nonsense " + text +
+           "\nparfor k = 1:3\n    s = [s, \"" + text + "\"];\n    load(s); t = ans; % " + text +
+           "\nend\nx = " + text + " y;\n" + text + "\n0x" + text + "\n";
+}
+
+/// The formats of text that people look at in a terminal. A page is for a browser.
+std::vector<std::string> formats() {
+    std::vector<std::string> names = formatNames();
+    names.erase(std::remove(names.begin(), names.end(), "html"), names.end());
+    return names;
+}
+
+TEST(HostileTexts, DoNotReachTheTerminalFromArguments) {
+    const ScratchFolder scratch;
+    const std::string good = scratch.file("good.ost", "x = 1;\n");
+    for (const std::string_view piece : HOSTILE_TEXTS) {
+        const std::string text(piece);
+        for (const Arguments& arguments :
+             {Arguments{"--format", text, good}, Arguments{"--format=" + text, good},
+              Arguments{"--color", text, good}, Arguments{"--fail-on", text, good},
+              Arguments{"--fail-on", "carried," + text, good},
+              Arguments{"--output", scratch.path(text + "/none"), good},
+              Arguments{"--quiet=" + text, good}, Arguments{"--jobs", text, good},
+              Arguments{"--" + text, good}, Arguments{"-" + text, good}, Arguments{text},
+              Arguments{scratch.path(text)}, Arguments{good, "-", "-", text}}) {
+            expectSafe(runReport(arguments), arguments.front());
+        }
+    }
+}
+
+TEST(HostileTexts, DoNotReachTheTerminalFromSourceAndNames) {
+    const ScratchFolder scratch;
+    for (const std::string_view piece : HOSTILE_TEXTS) {
+        const std::string text(piece);
+        const std::string path = scratch.file("a" + text + ".ost", programWith(piece));
+        for (const std::string& format : formats()) {
+            expectSafe(runReport({"--format", format, path}), format);
+            expectSafe(runReport({"--format", format, "--quiet", "--check-tree", path}), format);
+        }
+        expectSafe(runReport({"--output", path, path}), "the source file as output");
+    }
+}
+
+TEST(HostileTexts, DoNotReachTheTerminalFromStandardInput) {
+    for (const std::string_view piece : HOSTILE_TEXTS) {
+        for (const std::string& format : formats())
+            expectSafe(runReport({"--format", format, "-"}, programWith(piece)), format);
+    }
+}
+
+} // namespace
+
+} // namespace ostrel::report::testing
