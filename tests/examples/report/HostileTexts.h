@@ -12,20 +12,20 @@ namespace ostrel::report::testing {
 
 /// Pieces of text that would do something to a terminal, or look like another text there.
 constexpr std::array<std::string_view, 14> HOSTILE_TEXTS{
-    "\x1b[31m",           // an escape sequence
-    "\x1b]0;title\a",     // one that sets the title of the window
+    "\x1b[31m",       // an escape sequence
+    "\x1b]0;title\a", // one that sets the title of the window
     "\xC2\x9B"
-    "2J",                 // the same as one character
-    "\x7F",               // delete
-    "\b\b\b",             // backspace
-    "\r",                 // begins the line anew
-    "\x01",               // any other control
-    "\xE2\x80\xAE",       // writes from right to left
-    "\xE2\x81\xA6",       // isolates
-    "\xE2\x80\xA8",       // a separator of lines
-    "\xFF",               // not UTF-8
-    "\xC3",               // the beginning of a character
-    "\xED\xA0\x80",       // a surrogate
+    "2J",                   // the same as one character
+    "\x7F",                 // delete
+    "\b\b\b",               // backspace
+    "\r",                   // begins the line anew
+    "\x01",                 // any other control
+    "\xE2\x80\xAE",         // writes from right to left
+    "\xE2\x81\xA6",         // isolates
+    "\xE2\x80\xA8",         // a separator of lines
+    "\xFF",                 // not UTF-8
+    "\xC3",                 // the beginning of a character
+    "\xED\xA0\x80",         // a surrogate
     "\xF0\x9F\x98\x80\x1b", // beside a valid character
 };
 

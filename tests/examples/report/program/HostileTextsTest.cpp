@@ -76,6 +76,29 @@ TEST(HostileTexts, DoNotReachTheTerminalFromStandardInput) {
     }
 }
 
+Outcome runMatch(const Arguments& arguments) { return runProgram(ORVEX_MATCH_PROGRAM, arguments); }
+
+TEST(HostileTexts, DoNotReachTheTerminalFromTheMatcher) {
+    const ScratchFolder scratch;
+    for (const std::string_view piece : HOSTILE_TEXTS) {
+        const std::string text(piece);
+        const std::string a = scratch.file("a" + text + ".ost", "x = 1; % " + text + "\n");
+        const std::string b =
+            scratch.file("b" + text + ".ost", "x = '" + text + "';\ny = '" + text + "';\n");
+        const std::string c =
+            scratch.file("c" + text + ".ost", "x = 'c" + text + "';\ny = \"" + text + "\";\n");
+        const std::string wrong = scratch.file("w" + text + ".ost", programWith(piece));
+        for (const Arguments& arguments :
+             {Arguments{a, b}, Arguments{b, c}, Arguments{b, a}, Arguments{"--log", b, c},
+              Arguments{"--log", a, b}, Arguments{a, wrong}, Arguments{wrong, a},
+              Arguments{a, scratch.path(text)}, Arguments{scratch.path(text), a},
+              Arguments{text, text, text}, Arguments{"--" + text, a, b},
+              Arguments{"-" + text, a, b}, Arguments{"--color", text, a, b}}) {
+            expectSafe(runMatch(arguments), arguments.front());
+        }
+    }
+}
+
 } // namespace
 
 } // namespace ostrel::report::testing
