@@ -33,6 +33,7 @@ int exitStatus(int waitStatus) { return WIFEXITED(waitStatus) ? WEXITSTATUS(wait
 /// Runs a command of the shell that ends with the program and its arguments.
 Outcome runCommand(std::string command, const std::string& input) {
     const ScratchFolder scratch;
+    command = "unset NO_COLOR FORCE_COLOR CLICOLOR_FORCE; " + command;
     command += " <" + quoted(scratch.file("input", input)) + " >" + quoted(scratch.path("output")) +
                " 2>" + quoted(scratch.path("errors"));
     Outcome outcome;
@@ -69,7 +70,8 @@ Outcome runReportAtTerminal(const std::vector<std::string>& arguments, unsigned 
     const pid_t child = forkpty(&terminal, nullptr, nullptr, &size);
     if (child == 0) {
         setenv("TERM", "xterm", 1);
-        unsetenv("NO_COLOR");
+        for (const char* variable : {"NO_COLOR", "FORCE_COLOR", "CLICOLOR_FORCE"})
+            unsetenv(variable);
         std::vector<std::string> words = arguments;
         words.insert(words.begin(), ORVEX_REPORT_PROGRAM);
         std::vector<char*> pointers;

@@ -214,6 +214,21 @@ TEST(OrvexReport, OnlyTerminalsGetColourByDefault) {
     EXPECT_THAT(readFile(scratch.path("report.txt")), Not(HasSubstr(escape)));
 }
 
+TEST(OrvexReport, EnvironmentCanForceColourAndForbidIt) {
+    const ScratchFolder scratch;
+    const std::string good = scratch.file("good.ost", GOOD);
+    const auto isColoredWith = [&](std::vector<std::string> arguments) {
+        arguments.insert(arguments.end(), {ORVEX_REPORT_PROGRAM, good});
+        return runProgram("env", arguments).output.find('\x1b') != std::string::npos;
+    };
+    EXPECT_FALSE(isColoredWith({}));
+    EXPECT_TRUE(isColoredWith({"FORCE_COLOR=1"}));
+    EXPECT_TRUE(isColoredWith({"CLICOLOR_FORCE=1"}));
+    EXPECT_FALSE(isColoredWith({"FORCE_COLOR=0", "CLICOLOR_FORCE=0"}));
+    EXPECT_FALSE(isColoredWith({"FORCE_COLOR=1", "NO_COLOR=1"}));
+    EXPECT_TRUE(isColoredWith({"FORCE_COLOR=1", "TERM=dumb"}));
+}
+
 TEST(OrvexReport, TextFitsTheWidthOfTheTerminal) {
     const ScratchFolder scratch;
     const std::string path = scratch.file("s.ost", "s = 0;\nparfor k = 1:3, s = s + k; end\n");
