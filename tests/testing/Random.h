@@ -27,6 +27,12 @@ constexpr std::size_t rounds(std::size_t full) {
     return ZT_ORVEX_TEST_SANITIZED == 0 ? full : full / 10 + 1;
 }
 
+/// The number of rounds that ZT_ORVEX_TEST_ROUNDS in the environment asks for, else `rounds(usual)`.
+inline std::size_t roundsToRun(std::size_t usual) {
+    const char* text = std::getenv("ZT_ORVEX_TEST_ROUNDS");
+    return text != nullptr ? std::strtoull(text, nullptr, 0) : rounds(usual);
+}
+
 /// The seed of this run: ZT_ORVEX_TEST_SEED from the environment, or a fixed number.
 inline std::uint64_t getSeed() {
     const char* text = std::getenv("ZT_ORVEX_TEST_SEED");
