@@ -5,9 +5,11 @@
 #include "report/html/HtmlReport.h"
 #include "report/json/JsonReport.h"
 #include "report/text/TextReport.h"
+#include "terminal/DisplayText.h"
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <cstddef>
 #include <sstream>
 #include <string>
@@ -15,21 +17,21 @@
 
 namespace zt::orvex::fuzz {
 
-/// Whether the text is UTF-8 and without control characters that no terminal should get.
-inline bool isCleanText(const std::string& text, bool isColored) {
-    for (const char c : text) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (byte == 0x1B && isColored) continue;
-        if ((byte < 0x20 && c != '\n') || byte == 0x7F) return false;
-    }
+/// Whether the text is UTF-8 and without characters that no terminal should get.
+inline bool isCleanText(std::string text, bool isColored) {
+    if (isColored) text.erase(std::remove(text.begin(), text.end(), '\x1b'), text.end());
+    if (ostrel::hasUnsafeCharacter(text)) return false;
     return ostrel::SourceText::validUtf8Prefix(text) == text.size();
 }
 
 inline void checkTextReport(const ostrel::report::Report& report, bool isColored,
                             std::size_t width) {
-    std::ostringstream text;
-    writeTextReport(text, report, {isColored, width});
-    require(isCleanText(text.str(), isColored), "the text report is clean");
+    using ostrel::report::Detail;
+    for (const Detail detail : {Detail::Full, Detail::Quiet}) {
+        std::ostringstream text;
+        writeTextReport(text, report, {isColored, width}, detail);
+        require(isCleanText(text.str(), isColored), "the text report is clean");
+    }
 }
 
 inline void checkJsonReport(const ostrel::report::Report& report) {
