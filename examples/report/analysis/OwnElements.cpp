@@ -88,7 +88,8 @@ OwnElements::OwnElements(const ConstructFacts& facts) {
             restrict(writes, access.symbol, indexed[access.identifier]);
         }
     }
-    if (writes.count(loopVariable) == 0) return;
+    loopVariableIsWritten = writes.count(loopVariable) != 0;
+    if (!loopVariableIsWritten) return;
     indexed.clear();
     uses.clear();
     writes.clear();
@@ -106,6 +107,11 @@ bool OwnElements::isOwn(const kit::Access& access) const {
     IndexShape common = use->second;
     restrict(common, written->second);
     return !common.places.empty();
+}
+
+bool OwnElements::isIndexedByLoopVariable(const kit::Access& access) const {
+    const auto use = indexed.find(access.identifier);
+    return use != indexed.end() && !use->second.places.empty();
 }
 
 void OwnElements::restrict(IndexShape& known, const IndexShape& shape) {

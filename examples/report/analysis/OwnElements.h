@@ -36,6 +36,12 @@ public:
     /// iteration writes the same element.
     bool isOwn(const zt::orvex::kit::Access& access) const;
 
+    /// Whether the use has the loop variable, bare, in its index.
+    bool isIndexedByLoopVariable(const zt::orvex::kit::Access& access) const;
+
+    /// Whether the body writes the loop variable. Then nothing is known of any index.
+    bool isLoopVariableWritten() const { return loopVariableIsWritten; }
+
 private:
     /// Where an index has the loop variable.
     struct IndexShape {
@@ -53,6 +59,7 @@ private:
     std::unordered_map<zt::orvex::NodeView, IndexShape> indexed; ///< By the name before the index.
     Shapes uses;   ///< What all uses of a variable have in common.
     Shapes writes; ///< Likewise, of the writes.
+    bool loopVariableIsWritten = false;
 };
 
 } // namespace ostrel::report

@@ -226,6 +226,11 @@ std::string helpToAssignWhole(const std::string& name, const std::string& loopVa
            quoted(loopVariable) + " alone";
 }
 
+std::string helpToLeaveLoopVariable(const std::string& loopVariable) {
+    return "leave " + quoted(loopVariable) +
+           " as it is, so that each iteration can have an element of its own";
+}
+
 std::string helpToMakeIndependent(const std::string& name, bool isWrittenWhole) {
     const std::string reduction = isWrittenWhole
                                       ? "only combine it by one operation, as in " +

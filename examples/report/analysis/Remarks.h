@@ -32,12 +32,14 @@ Remark remarkOnAns(ConstructKind kind, const Place& place);
 Remark remarkOnRestricted(ConstructKind kind, const std::string& name, const Place& place);
 Remark remarkOnUnknownPragma(const PragmaEntry& pragma);
 
-// The helps of a carried variable.
+// Other helps.
 
 /// `block` writes the variable, but not on every path, or after the read inside it.
 std::string helpToAssignBefore(const std::string& name, zt::orvex::NodeView block,
                                const Place& place, bool isReadInside);
 std::string helpToAssignWhole(const std::string& name, const std::string& loopVariable);
+/// The body writes its loop variable.
+std::string helpToLeaveLoopVariable(const std::string& loopVariable);
 std::string helpToMakeIndependent(const std::string& name, bool isWrittenWhole);
 
 // The ends of a path.

@@ -42,16 +42,19 @@ public:
         return remark;
     }
 
-    /// At the first write that another iteration may repeat.
+    /// At the first write that isn't indexed by the loop variable, or else at the first of all.
     std::optional<Remark> shared() const {
         const kit::Access* first = nullptr;
-        for (const bool mayBeOwn : {false, true}) {
+        for (const bool mayBeIndexed : {false, true}) {
             forEachWrite([&](const kit::Access& access) {
-                if (first == nullptr && (mayBeOwn || !own.isOwn(access))) first = &access;
+                if (first == nullptr && (mayBeIndexed || !own.isIndexedByLoopVariable(access)))
+                    first = &access;
             });
         }
         if (first == nullptr) return {};
-        return remarkOnShared(variable.name, loopVariable(), places.of(first->identifier));
+        Remark remark = remarkOnShared(variable.name, loopVariable(), places.of(first->identifier));
+        if (own.isLoopVariableWritten()) remark.help = helpToLeaveLoopVariable(loopVariable());
+        return remark;
     }
 
     std::optional<Remark> written() const {
@@ -105,10 +108,12 @@ private:
             const bool isReadInside = isIn(*block, readOffset(why.read.nodes));
             return helpToAssignBefore(variable.name, *block, places.of(*block), isReadInside);
         }
-        if (kit::isWrite(why.read.access->kind))
-            return helpToAssignWhole(variable.name, loopVariable());
-        const bool isWrittenWhole = why.write.access->kind == kit::AccessKind::WholeWrite;
-        return helpToMakeIndependent(variable.name, isWrittenWhole);
+        const kit::Access& write = *why.write.access;
+        const bool isWrittenWhole = write.kind == kit::AccessKind::WholeWrite;
+        if (isWrittenWhole || own.isOwn(write))
+            return helpToMakeIndependent(variable.name, isWrittenWhole);
+        return own.isLoopVariableWritten() ? helpToLeaveLoopVariable(loopVariable())
+                                           : helpToAssignWhole(variable.name, loopVariable());
     }
 
     /// The first block on the path to the read that would have written the variable whole on another

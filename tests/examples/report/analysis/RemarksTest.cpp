@@ -118,6 +118,14 @@ TEST(CarriedRemark, PartialWriteKeepsTheRest) {
                     "alone"));
 }
 
+TEST(CarriedRemark, ReadOfAVariableWrittenInPartsWantsAllOfItAssigned) {
+    EXPECT_THAT(
+        remarksIn("c = 1;\nparfor i = 1:9\n for j = 1:3, c(j) = i; end\n y(i) = c(1);\nend",
+                  RemarkCode::Carried),
+        ElementsAre("4:9 this reads 'c', which another iteration may have written at 3:15; assign "
+                    "all of 'c' at the beginning of the body, or index it by 'i' alone"));
+}
+
 TEST(CarriedRemark, HasThePathOfTheWriteFirst) {
     const std::string text =
         "x = 1; c = 1;\nparfor i = 1:9\n y(i) = x;\n if c\n  x = i;\n end\n if c, c = 2; end\nend";
@@ -142,9 +150,19 @@ TEST(SharedRemark, NamesTheWrite) {
                 ElementsAre("2:2 two iterations may write the same part of 'x'" + help));
 }
 
-TEST(SharedRemark, PassesOverWritesOfOwnElements) {
+TEST(SharedRemark, PassesOverWritesIndexedByTheLoopVariable) {
     EXPECT_THAT(placesOf("x = 1;\nparfor i = 1:9\n x(i) = 1;\n x(2) = 1;\nend", RemarkCode::Shared),
-                ElementsAre("3:2")); // the two writes have nothing in common, so neither is own
+                ElementsAre("4:2"));
+    EXPECT_THAT(
+        placesOf("x = 1;\nparfor i = 1:9\n x(i) = 1;\n x(i, 1) = 1;\nend", RemarkCode::Shared),
+        ElementsAre("3:2"));
+}
+
+TEST(SharedRemark, BlamesAWriteOfTheLoopVariable) {
+    EXPECT_THAT(
+        remarksIn("x = 1;\nparfor i = 1:9\n x(i) = 1;\n i = 2;\nend", RemarkCode::Shared),
+        ElementsAre("3:2 two iterations may write the same part of 'x'; leave 'i' as it is, "
+                    "so that each iteration can have an element of its own"));
 }
 
 TEST(UsedAfterRemark, NamesTheWriteAndTheRead) {

@@ -231,7 +231,7 @@ TEST(OrvexReport, EnvironmentCanForceColourAndForbidIt) {
 
 TEST(OrvexReport, TextFitsTheWidthOfTheTerminal) {
     const ScratchFolder scratch;
-    const std::string path = scratch.file("s.ost", "s = 0;\nparfor k = 1:3, s = s + k; end\n");
+    const std::string path = scratch.file("s.ost", "s = 0;\nparfor k = 1:3, s = s / k; end\n");
     for (const unsigned columns : {50U, 70U, 200U}) {
         const Outcome outcome =
             runReportAtTerminal({"--color=never", path}, static_cast<unsigned short>(columns));
