@@ -19,21 +19,22 @@ bool addCode(std::string_view word, RemarkCodes& codes) {
     return isKnown;
 }
 
-std::string complaintAbout(std::string_view word) {
-    std::string text = "no remark has the code '" + std::string(word) + "'; the codes are ";
+} // namespace
+
+std::string knownCodes() {
+    std::string text;
     for (const RemarkRule& rule : remarkRules())
         text += std::string(rule.name) + ", ";
-    return text + "and 'any' for all of them";
+    return text.append(ANY);
 }
-
-} // namespace
 
 std::optional<std::string> addCodes(std::string_view list, RemarkCodes& codes) {
     RemarkCodes found = codes;
     for (bool isLast = false; !isLast;) {
         const std::string_view word = list.substr(0, list.find(','));
         isLast = word.size() == list.size();
-        if (!addCode(word, found)) return complaintAbout(word);
+        if (!addCode(word, found))
+            return "no remark has the code '" + std::string(word) + "'; known are " + knownCodes();
         list.remove_prefix(std::min(word.size() + 1, list.size()));
     }
     codes = found;

@@ -9,6 +9,9 @@
 
 namespace ostrel::report {
 
+/// The words that a list may have: `carried, shared, ..., any`.
+std::string knownCodes();
+
 /// Adds the codes of a list such as `carried,used-after`, or all of them for `any`. Returns what is
 /// wrong with the list, if anything is; it then adds nothing.
 std::optional<std::string> addCodes(std::string_view list, RemarkCodes& codes);

@@ -2,10 +2,12 @@
 
 #include "report/program/FailOn.h"
 #include "terminal/Complaint.h"
+#include "terminal/Wrap.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <cstddef>
 #include <map>
 
 namespace ostrel::report {
@@ -26,6 +28,15 @@ constexpr const char* FOOTER =
 
 std::string failureText(const CLI::App*, const CLI::Error& error) {
     return usageComplaint("orvex-report", error.what());
+}
+
+/// Lines for the help.
+std::string listOfCodes() {
+    constexpr std::size_t WIDTH = 60;
+    std::string text = ":";
+    for (const std::string& line : wrap(knownCodes(), WIDTH))
+        text += "\n" + line;
+    return text;
 }
 
 } // namespace
@@ -49,11 +60,13 @@ ParsedOptions parseOptions(int count, const char* const* arguments,
         ->check([](const std::string& path) {
             return path.empty() ? std::string("the name of the file is empty") : std::string();
         });
-    app.add_option("--color", color, "Whether to colour text; auto: on a terminal")
+    app.add_option("--color", color,
+                   "When to colour text; auto: at a terminal, unless NO_COLOR,\n"
+                   "FORCE_COLOR or CLICOLOR_FORCE says otherwise")
         ->check(CLI::IsMember({"auto", "always", "never"}))
         ->capture_default_str();
     app.add_option("--fail-on", failOn,
-                   "Exit with status 1 when a remark with such a code was made; any: with any")
+                   "Exit with status 1 when a remark with such a code was made" + listOfCodes())
         ->type_name("CODE[,CODE...]")
         ->join(',')
         ->check([](const std::string& list) {
