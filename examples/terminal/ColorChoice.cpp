@@ -33,10 +33,14 @@ bool wantsColor(ColorChoice choice, const ColorSurroundings& surroundings) {
     };
     // The first rule that applies decides.
     const Rule rules[] = {
-        {choice == ColorChoice::Always, true},   {choice == ColorChoice::Never, false},
-        {isSet(surroundings.noColor), false},    {surroundings.isFile, false},
-        {forces(surroundings.forceColor), true}, {forces(surroundings.cliColorForce), true},
-        {surroundings.term == "dumb", false},    {surroundings.isTerminal, true},
+        {choice == ColorChoice::Always, true}, // the option comes first
+        {choice == ColorChoice::Never, false},
+        {isSet(surroundings.noColor), false}, // for those who want none at all
+        {surroundings.isFile, false},         // will be read without a terminal
+        {forces(surroundings.forceColor), true},
+        {forces(surroundings.cliColorForce), true},
+        {surroundings.term == "dumb", false},
+        {surroundings.isTerminal, true},
     };
     for (const Rule& rule : rules) {
         if (rule.applies) return rule.result;
