@@ -1,11 +1,11 @@
 #include "syntax/ExpressionParser.h"
 
 #include "syntax/Characters.h"
-#include "syntax/Limits.h"
+#include "syntax/ExpressionNesting.h"
 #include "syntax/NumberCheck.h"
+#include "syntax/ParametersInForce.h"
 
 #include <string>
-#include <vector>
 
 namespace ostrel {
 
@@ -15,77 +15,17 @@ using zt::orvex::UnaryOperator;
 
 namespace {
 
-std::string tooDeep() {
-    return "the expression is nested deeper than " + std::to_string(MAX_EXPRESSION_HEIGHT) +
-           " levels";
-}
-
 template <typename Operator>
 std::uint8_t code(Operator op) {
     return static_cast<std::uint8_t>(op);
 }
-
-/// Counts one level of recursion while it lives. Each level of recursion is a level of the tree, so
-/// one limit serves both.
-class Nesting {
-public:
-    Nesting(std::size_t& count, const ParserState& state) : depth(count) {
-        if (depth == MAX_EXPRESSION_HEIGHT) state.fail(tooDeep());
-        ++depth;
-    }
-    ~Nesting() { --depth; }
-    Nesting(const Nesting&) = delete;
-    Nesting& operator=(const Nesting&) = delete;
-
-private:
-    std::size_t& depth;
-};
-
-/// While it lives, the parameter names of an anonymous function resolve to its parameters.
-class ParametersInForce {
-public:
-    ParametersInForce(ParserState& of, Field inputs, ScopeId scope) : state(of) {
-        for (std::uint32_t i = 0; i < inputs.count; ++i) {
-            const NodeId held = state.builder.child(state.builder.element(inputs.begin + i), 0);
-            if (state.builder.at(held).kind == NodeKind::Identifier) {
-                shadow(state.builder.identifierAt(held).name, scope);
-            }
-        }
-    }
-    ~ParametersInForce() {
-        for (auto entry = shadowed.rbegin(); entry != shadowed.rend(); ++entry) {
-            if (entry->scope == 0) {
-                state.parameters.erase(entry->name);
-            } else {
-                state.parameters[entry->name] = entry->scope;
-            }
-        }
-    }
-    ParametersInForce(const ParametersInForce&) = delete;
-    ParametersInForce& operator=(const ParametersInForce&) = delete;
-
-private:
-    struct Shadowed {
-        NameId name;
-        ScopeId scope; ///< What the name meant before; 0 if it wasn't a parameter.
-    };
-
-    void shadow(NameId name, ScopeId scope) {
-        ScopeId& meaning = state.parameters[name];
-        shadowed.push_back({name, meaning});
-        meaning = scope;
-    }
-
-    ParserState& state;
-    std::vector<Shadowed> shadowed;
-};
 
 } // namespace
 
 // Operators
 
 NodeId ExpressionParser::binary(int loosest) {
-    const Nesting nested(nesting, state);
+    const ExpressionNesting nested(nesting, state);
     NodeId lhs = prefixed();
     while (true) {
         const BinaryRow* row = findRow(BINARY_OPERATORS, state.token().kind);
@@ -119,7 +59,7 @@ NodeId ExpressionParser::prefixed() {
 
 /// A prefix operator, and its operand as `read` reads it.
 NodeId ExpressionParser::prefix(const UnaryRow& row, NodeId (ExpressionParser::*read)()) {
-    const Nesting nested(nesting, state);
+    const ExpressionNesting nested(nesting, state);
     const std::size_t begin = state.token().begin;
     state.advance();
     const NodeId operand = (this->*read)();
@@ -217,7 +157,7 @@ bool ExpressionParser::isNameBefore(NodeId base) const {
 }
 
 NodeId ExpressionParser::atClass(NodeId name) {
-    const Nesting nested(nesting, state);
+    const ExpressionNesting nested(nesting, state);
     state.advance();
     const NodeId operand = postfix();
     return make(NodeKind::BinaryOperation, state.builder.at(name).begin,
@@ -250,10 +190,6 @@ bool ExpressionParser::hasAnotherElement() {
 bool ExpressionParser::isElementsEnd() const {
     return state.is(TokenKind::RightBracket) || state.is(TokenKind::RightBrace) ||
            state.is(TokenKind::RightParen) || isRowEnd() || state.is(TokenKind::EndOfFile);
-}
-
-bool ExpressionParser::isRowEnd() const {
-    return state.is(TokenKind::Semicolon) || state.is(TokenKind::LineEnd);
 }
 
 Field ExpressionParser::expressionsTo(TokenKind closer) {
@@ -321,19 +257,32 @@ NodeId ExpressionParser::keyword() {
     if (state.is(Keyword::End) && state.subscriptDepth > 0) {
         return state.leafOfToken(NodeKind::End);
     }
-    const std::size_t offset = state.token().begin;
+    const Extent place = state.place();
     const std::string message = "expected an expression, found the keyword " + state.found();
     state.advance();
-    state.failAt(offset, message);
+    state.failAt(place, message);
 }
 
 /// A malformed number doesn't spoil the rest of its line, so parsing goes on.
 NodeId ExpressionParser::number() {
     const Token token = state.token();
-    const char* mistake = checkNumber(state.text(token));
-    if (mistake == nullptr) return literal(NodeKind::NumberLiteral);
-    state.report(token.begin, mistake);
-    return state.leafOfToken(NodeKind::DiscardedExpression);
+    const auto mistake = checkNumber(state.text(token));
+    if (!mistake) return literal(NodeKind::NumberLiteral);
+    Extent place{token.begin + mistake->begin, token.begin + mistake->end};
+    const NodeId node = state.leafOfToken(NodeKind::DiscardedExpression);
+    if (mistake->isOpenExponent && isSignWithoutOperand()) {
+        place.end = state.token().end;
+        state.advance();
+    }
+    state.report(place, mistake->message);
+    return node;
+}
+
+/// Whether the current token is the sign of an exponent without digits, as in `1e+;`.
+bool ExpressionParser::isSignWithoutOperand() const {
+    const bool isSign = state.is(TokenKind::Plus) || state.is(TokenKind::Minus);
+    const TokenKind next = state.peek().kind;
+    return isSign && !state.token().blankBefore && (endsStatement(next) || isClosingBracket(next));
 }
 
 NodeId ExpressionParser::literal(NodeKind kind) {
@@ -430,25 +379,6 @@ NodeId ExpressionParser::inputParameter() {
     return make(NodeKind::InputParameter, begin, {TreeBuilder::one(held)});
 }
 
-// Targets
-
-NodeId ExpressionParser::assignedName(NodeId target) const {
-    while (true) {
-        switch (state.builder.at(target).kind) {
-        case NodeKind::Identifier:
-            return target;
-        case NodeKind::BraceOperation:
-        case NodeKind::DotOperation:
-        case NodeKind::DynamicFieldOperation:
-        case NodeKind::ParenOperation:
-            target = state.builder.child(target, 0);
-            break;
-        default:
-            return 0;
-        }
-    }
-}
-
 // Nodes
 
 NodeId ExpressionParser::makeBinary(const BinaryRow& row, NodeId lhs, NodeId rhs) {
@@ -459,7 +389,8 @@ NodeId ExpressionParser::makeBinary(const BinaryRow& row, NodeId lhs, NodeId rhs
 NodeId ExpressionParser::make(NodeKind kind, std::size_t begin, std::initializer_list<Field> fields,
                               std::uint8_t op) {
     const NodeId node = state.builder.node(kind, state.extentFrom(begin), fields, op);
-    if (state.builder.at(node).height > MAX_EXPRESSION_HEIGHT) state.failAt(begin, tooDeep());
+    if (state.builder.at(node).height > MAX_EXPRESSION_HEIGHT)
+        state.failAt({begin, state.previousEnd()}, expressionTooDeep());
     return node;
 }
 

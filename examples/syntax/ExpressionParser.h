@@ -32,9 +32,6 @@ public:
     /// `(a, ~, b)`: a range of InputParameter, whose names are in scope `owner`.
     Field inputParameters(ScopeId owner);
 
-    /// The name that an assignment to `target` writes; 0 if it cannot be assigned to.
-    NodeId assignedName(NodeId target) const;
-
 private:
     using Reader = NodeId (ExpressionParser::*)();
 
@@ -55,7 +52,7 @@ private:
     Field elementsTo(TokenKind closer, Reader read);
     bool hasAnotherElement();
     bool isElementsEnd() const;
-    bool isRowEnd() const;
+    bool isRowEnd() const { return state.is(TokenKind::Semicolon) || state.is(TokenKind::LineEnd); }
     NodeId subscript();
     NodeId argument();
     NodeId namedArgument();
@@ -64,6 +61,7 @@ private:
     NodeId primary();
     NodeId keyword();
     NodeId number();
+    bool isSignWithoutOperand() const;
     NodeId literal(zt::orvex::NodeKind kind);
     NodeId parenthesized();
     NodeId inParens();

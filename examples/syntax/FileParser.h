@@ -1,13 +1,12 @@
 #pragma once
 
+#include "syntax/ClassParser.h"
+#include "syntax/DeclarationParser.h"
 #include "syntax/ExpressionParser.h"
+#include "syntax/ExtraEnds.h"
+#include "syntax/FunctionParser.h"
 #include "syntax/ParserState.h"
 #include "syntax/StatementParser.h"
-
-#include <zt_orvex/ast/NodeKind.h>
-
-#include <cstddef>
-#include <string_view>
 
 namespace ostrel {
 
@@ -16,7 +15,11 @@ class FileParser {
 public:
     explicit FileParser(const SourceText& source)
         : state(source), expressions(state), statements(state, expressions),
-          lookAheadBudget(8 * source.size() + 65536) {}
+          declarations(state, expressions, statements), extraEnds(state),
+          functions(state, expressions, statements, declarations, extraEnds),
+          classes(state, statements, declarations, functions, extraEnds) {}
+    FileParser(const FileParser&) = delete;
+    FileParser& operator=(const FileParser&) = delete;
 
     /// Parses the whole file and returns its Program. Call it only once.
     NodeId parse();
@@ -24,89 +27,19 @@ public:
     ParserState state;
 
 private:
-    struct Signature {
-        NodeId name = 0;
-        Field outputs{0, 0};
-        Field inputs{0, 0};
-    };
-    struct ClassHead {
-        NodeId name = 0;
-        Field attributes{0, 0};
-        Field superclasses{0, 0};
-    };
-    enum class Owner { File, Class };
-
-    // Files
     void script();
     void scriptOnce(NodeList& list);
     void tail(NodeList& program);
     void statementsAfterFunctions();
     void skipAfterClass();
 
-    // Functions
-    NodeId function(Owner owner);
-    NodeId functionOnce(Owner owner);
-    Signature functionHead();
-    void signature(Signature& result);
-    Field outputsInBrackets();
-    void writeParameters(const Signature& of);
-    void members(NodeList& list, Owner owner);
-    bool isExtraEnd(Owner owner);
-    bool isArgumentsBlock() const;
-    Field argumentsBlocks();
-    NodeId argumentsBlock();
-
-    // Declarations with a validation
-    NodeId argumentDeclaration();
-    NodeId propertyDefinition();
-    NodeId declaredName();
-    NodeId validation();
-    NodeId typeName();
-    Field checks();
-    NodeId defaultValue();
-
-    // Classes
-    NodeId classDefinition();
-    bool isExtraEndOfClass();
-    bool mayLookAhead(const Token& token, const Token& before);
-    ClassHead classHead();
-    Field superclasses();
-    bool isBlockWord(const Token& token) const;
-    void classMembers(NodeList& list);
-    NodeId classBlock();
-    NodeId methodsWithoutBlock();
-    void unknownMember();
-    void skipUnknownBlock();
-    Field methods();
-    NodeId methodDeclaration();
-    NodeId eventDefinition();
-    NodeId enumerationMember();
-
-    // What blocks have in common
-    using Reader = NodeId (FileParser::*)();
-    Field headAttributes();
-    Field attributes();
-    NodeId attribute();
-    Field entries(Reader read);
-    void skipSeparators();
-    bool isWord(std::u16string_view word) const;
-    void expectName(const char* what);
-    void skipKeyword(const char* what);
-
     ExpressionParser expressions;
     StatementParser statements;
+    DeclarationParser declarations;
+    ExtraEnds extraEnds;
+    FunctionParser functions;
+    ClassParser classes;
     ScopeId scriptScope = 0;
-    std::size_t missingEndAt = Lexer::NONE; ///< The function found in place of a missing `end`.
-
-    /// Between these offsets, each `end` that would close a function closes nothing.
-    struct {
-        std::size_t begin = 0;
-        std::size_t end = 0;
-    } extraEnds;
-
-    /// How much text may still be read ahead for the sake of extra `end`s. Linear in the text, and
-    /// so is all reading.
-    std::size_t lookAheadBudget;
 };
 
 } // namespace ostrel

@@ -23,13 +23,6 @@ const char* spelling(TokenKind bracket) {
     }
 }
 
-/// A piece of source text for a message, which may end up on a terminal.
-std::string shown(std::u16string_view text) {
-    std::u16string units(text);
-    std::replace_if(units.begin(), units.end(), isUnsafeToShow, u'\xFFFD');
-    return toUtf8(units);
-}
-
 /// Updates a stack of open brackets with a token.
 void track(std::vector<TokenKind>& open, TokenKind token) {
     if (isOpeningBracket(token)) open.push_back(token);
@@ -39,7 +32,7 @@ void track(std::vector<TokenKind>& open, TokenKind token) {
 } // namespace
 
 ParserState::ParserState(const SourceText& text)
-    : source(text), lexer(text), rereadBudget(4 * text.size() + 65536) {
+    : source(text), blocks(text), lexer(text), rereadBudget(4 * text.size() + 65536) {
     lexer.keepPragmas(&pragmas);
     current = lexer.next();
 }
@@ -87,8 +80,8 @@ void ParserState::openBracket() {
 
 void ParserState::closeBracket(TokenKind closer) {
     if (!is(closer)) {
-        fail(std::string("'") + spelling(brackets.back().kind) + "' is not closed before " +
-             found());
+        failAfterExpression(std::string("'") + spelling(brackets.back().kind) +
+                            "' is not closed before " + found());
     }
     brackets.pop_back();
     advance();
@@ -101,7 +94,7 @@ void ParserState::recoverFrom(const SyntaxError& error) {
         kinds.push_back(bracket.kind);
     const std::size_t end = open.empty() ? current.begin : findClosers(kinds);
     if (end != Lexer::NONE) {
-        report(error.offset, error.message);
+        report(error.place, error.message, error.help);
         skipTo(end);
         skipToStatementEnd();
         return;
@@ -109,10 +102,11 @@ void ParserState::recoverFrom(const SyntaxError& error) {
     const bool isBracketWrong =
         is(TokenKind::EndOfFile) || is(TokenKind::LineEnd) || linesRead > open.back().line;
     if (isBracketWrong) {
-        report(open.back().offset,
+        const std::size_t begin = open.back().offset;
+        report({begin, begin + 1},
                std::string("'") + spelling(open.back().kind) + "' is not closed");
     } else {
-        report(error.offset, error.message);
+        report(error.place, error.message, error.help);
     }
     leaveOpenBrackets(open);
 }
@@ -188,17 +182,35 @@ bool ParserState::spend(std::size_t units) {
 
 // Errors
 
-void ParserState::fail(const std::string& message) const { failAt(current.begin, message); }
-
-void ParserState::failAt(std::size_t offset, const std::string& message) const {
-    throw SyntaxError{offset, message};
+void ParserState::fail(const std::string& message, const std::string& help) const {
+    failAt(place(), message, help);
 }
 
-void ParserState::report(std::size_t offset, const std::string& message) {
+void ParserState::failAt(Extent place, const std::string& message, const std::string& help) const {
+    throw SyntaxError{place, message, help};
+}
+
+void ParserState::failAfterExpression(const std::string& message) const {
+    if (isInCondition && is(TokenKind::Assign))
+        fail("'=' assigns and can't be part of a condition", "did you mean '=='?");
+    const bool isUnequal = is(TokenKind::ExclamationMark) && source.at(current.end) == u'=';
+    if (isUnequal)
+        failAt({current.begin, current.end + 1}, "'!=' is not an operator", "did you mean '~='?");
+    fail(message);
+}
+
+void ParserState::report(Extent place, const std::string& message, const std::string& help) {
     Diagnostic diagnostic;
-    diagnostic.place.offset = offset;
+    diagnostic.place.offset = place.begin;
+    diagnostic.place.length = place.end - place.begin;
     diagnostic.message = message;
+    diagnostic.help = help;
     diagnostics.push_back(diagnostic);
+}
+
+Extent ParserState::place() const {
+    const bool isEnd = is(TokenKind::LineEnd) || is(TokenKind::EndOfFile);
+    return {current.begin, isEnd ? current.begin : current.end};
 }
 
 std::string ParserState::found() const {
@@ -211,11 +223,22 @@ std::string ParserState::found() const {
     case TokenKind::OpenText:
         return "an unclosed quoted text";
     default: {
-        const std::u16string_view token = text(current);
-        if (token.size() > LONGEST) return "'" + shown(token.substr(0, LONGEST)) + "...'";
-        return "'" + shown(token) + "'";
+        const bool isCut = current.end - current.begin > LONGEST;
+        if (isCut) return "'" + shown({current.begin, current.begin + LONGEST}) + "...'";
+        return "'" + shown({current.begin, current.end}) + "'";
     }
     }
+}
+
+std::string ParserState::shown(Extent piece) const {
+    std::u16string units = source.text().substr(piece.begin, piece.end - piece.begin);
+    std::replace_if(units.begin(), units.end(), isUnsafeToShow, u'\xFFFD');
+    return toUtf8(units);
+}
+
+std::string ParserState::named(std::size_t offset) const {
+    const Position position = source.position(offset);
+    return std::to_string(position.line) + ":" + std::to_string(position.column);
 }
 
 // Nodes
@@ -258,8 +281,8 @@ bool ParserState::isVariable(std::u16string_view name) {
 }
 
 ParserState::Mark ParserState::mark() const {
-    return {builder.checkpoint(), diagnostics.size(), pragmas.size(), constructs.size(),
-            current.begin};
+    return {builder.checkpoint(), blocks.mark(),     diagnostics.size(),
+            pragmas.size(),       constructs.size(), current.begin};
 }
 
 void ParserState::forgetNodes(const Mark& mark) {
@@ -272,6 +295,7 @@ void ParserState::goBack(const Mark& mark) {
     forgetNodes(mark);
     diagnostics.erase(diagnostics.begin() + static_cast<std::ptrdiff_t>(mark.diagnostics),
                       diagnostics.end());
+    blocks.goBack(mark.blocks);
     pragmas.resize(mark.pragmas);
     seek(mark.offset);
 }

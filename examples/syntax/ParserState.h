@@ -2,6 +2,7 @@
 
 #include "source/Diagnostic.h"
 #include "source/SourceText.h"
+#include "syntax/BlockLog.h"
 #include "syntax/Lexer.h"
 #include "syntax/SyntaxError.h"
 #include "syntax/Token.h"
@@ -61,11 +62,21 @@ public:
     void recoverFrom(const SyntaxError& error);
 
     // Errors
-    [[noreturn]] void fail(const std::string& message) const;
-    [[noreturn]] void failAt(std::size_t offset, const std::string& message) const;
-    void report(std::size_t offset, const std::string& message);
+    /// Throws an error at the current token.
+    [[noreturn]] void fail(const std::string& message, const std::string& help = {}) const;
+    [[noreturn]] void failAt(Extent place, const std::string& message,
+                             const std::string& help = {}) const;
+    /// Throws an error at the current token, where an expression had to end.
+    [[noreturn]] void failAfterExpression(const std::string& message) const;
+    void report(Extent place, const std::string& message, const std::string& help = {});
+    /// The current token as the place of an error: empty at the end of a line or of the file.
+    Extent place() const;
     /// The current token, as an error message names it.
     std::string found() const;
+    /// A piece of the source for a message, which may end up on a terminal.
+    std::string shown(Extent piece) const;
+    /// A place as a person names it: `line:column`.
+    std::string named(std::size_t offset) const;
 
     // Nodes
     NodeId leafOfToken(zt::orvex::NodeKind kind);
@@ -80,6 +91,7 @@ public:
 
     struct Mark {
         TreeBuilder::Checkpoint tree;
+        BlockLog::Mark blocks;
         std::size_t diagnostics;
         std::size_t pragmas;
         std::size_t constructs;
@@ -97,10 +109,12 @@ public:
     std::vector<Diagnostic> diagnostics;
     std::vector<std::size_t> pragmas;
     std::vector<FoundConstruct> constructs;
+    BlockLog blocks;
     ScopeId scope = 0;                              ///< Of the current function or script.
     std::unordered_map<NameId, ScopeId> parameters; ///< Of the open anonymous functions.
     VariableGuess* variables = nullptr;             ///< Of the current scope.
     bool separatedByBlanks = false;                 ///< Whether a blank may end an element.
+    bool isInCondition = false;                     ///< Of an `if`, `elseif` or `while`.
     std::size_t subscriptDepth = 0;                 ///< `end` is an index if this isn't 0.
 
     std::size_t openComment() const { return lexer.openComment(); }

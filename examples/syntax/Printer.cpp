@@ -14,6 +14,8 @@ using namespace zt::orvex;
 namespace {
 
 /// Prints nodes in order; a statement prints its line without the line end.
+///
+/// The file is long because it is a table: a function for each kind of node.
 class Printer {
 public:
     explicit Printer(const Tree& of) : tree(of) {}

@@ -1,6 +1,5 @@
 #include "syntax/StatementParser.h"
 
-#include "syntax/CommandSyntax.h"
 #include "syntax/Limits.h"
 #include "syntax/OutsideBrackets.h"
 
@@ -9,36 +8,6 @@
 namespace ostrel {
 
 using zt::orvex::NodeKind;
-
-namespace {
-
-bool continuesBlock(Keyword keyword) {
-    switch (keyword) {
-    case Keyword::Case:
-    case Keyword::Catch:
-    case Keyword::Else:
-    case Keyword::ElseIf:
-    case Keyword::Otherwise:
-        return true;
-    default:
-        return false;
-    }
-}
-
-/// Whether `keyword` may follow a body that `block` has begun.
-bool mayFollow(Keyword keyword, Keyword block) {
-    switch (keyword) {
-    case Keyword::Case:
-    case Keyword::Otherwise:
-        return block == Keyword::Switch;
-    case Keyword::Catch:
-        return block == Keyword::Try;
-    default:
-        return block == Keyword::If;
-    }
-}
-
-} // namespace
 
 // Lists
 
@@ -82,196 +51,34 @@ NodeId StatementParser::statement() {
     }
     if (isClosingBracket(state.token().kind)) return reject(state.found() + " closes nothing");
     NodeId result = 0;
-    const bool isRight = attempt([&] { result = simple(); });
+    const bool isRight = attempt([&] { result = simple.statement(); });
     return isRight ? result : discarded(NodeKind::DiscardedStatement, begin);
 }
 
 NodeId StatementParser::reject(const std::string& message) {
+    return reject({state.place(), message});
+}
+
+NodeId StatementParser::rejectEnd() {
+    const auto misspelled = simple.takeMisspelledBlock();
+    if (!misspelled) return reject("this 'end' closes nothing");
+    return reject({misspelled->word,
+                   "'" + state.shown(misspelled->word) + "' begins no block, so the 'end' at " +
+                       state.named(state.token().begin) + " closes nothing",
+                   didYouMean(*misspelled)});
+}
+
+NodeId StatementParser::reject(const SyntaxError& error) {
     const std::size_t begin = state.token().begin;
     state.advance();
-    state.recoverFrom({begin, message});
+    state.recoverFrom(error);
     const NodeId node = state.builder.leaf(NodeKind::DiscardedStatement, state.extentFrom(begin));
-    optionalEnding();
+    acceptEnding(state);
     return node;
 }
 
-// Statements that end with their line
-
-NodeId StatementParser::simple() {
-    targets.clear();
-    const NodeId inner = simpleWithoutEnding();
-    const bool prints = ending() == Ending::Printing;
-    for (const NodeId target : targets)
-        state.write(target);
-    return prints ? print(inner) : inner;
-}
-
-NodeId StatementParser::print(NodeId inner) {
-    const Node node = state.builder.at(inner);
-    const bool isPrinted = node.kind == NodeKind::AssignmentStatement ||
-                           node.kind == NodeKind::ExpressionStatement ||
-                           node.kind == NodeKind::MultiAssignmentStatement;
-    if (!isPrinted) return inner;
-    return state.builder.node(NodeKind::PrintStatement, {node.begin, node.end},
-                              {TreeBuilder::one(inner)});
-}
-
-NodeId StatementParser::simpleWithoutEnding() {
-    switch (state.token().keyword) {
-    case Keyword::Break:
-        return state.leafOfToken(NodeKind::BreakStatement);
-    case Keyword::Continue:
-        return state.leafOfToken(NodeKind::ContinueStatement);
-    case Keyword::Return:
-        return state.leafOfToken(NodeKind::ReturnStatement);
-    case Keyword::Global:
-        return declaration(NodeKind::GlobalDeclaration);
-    case Keyword::Persistent:
-        return declaration(NodeKind::PersistentDeclaration);
-    default:
-        break;
-    }
-    if (state.is(TokenKind::Identifier)) return nameStatement();
-    if (state.is(TokenKind::ExclamationMark)) return implicitCommand();
-    if (state.is(TokenKind::LeftBracket) && isMultiAssignment()) return multiAssignment();
-    return assignmentOrExpression();
-}
-
-StatementParser::Ending StatementParser::ending() {
-    if (state.accept(TokenKind::Semicolon)) return Ending::Silent;
-    const bool isEnd = state.accept(TokenKind::Comma) || state.accept(TokenKind::LineEnd) ||
-                       state.is(TokenKind::EndOfFile);
-    if (!isEnd) state.fail("expected the end of the statement, found " + state.found());
-    return Ending::Printing;
-}
-
 void StatementParser::blockEnding() {
-    if (isBlockClosed) attempt([&] { ending(); });
-}
-
-void StatementParser::optionalEnding() {
-    const bool isEnding = state.is(TokenKind::Semicolon) || state.is(TokenKind::Comma) ||
-                          state.is(TokenKind::LineEnd);
-    if (isEnding) state.advance();
-}
-
-NodeId StatementParser::nameStatement() {
-    const Token name = state.token();
-    const bool isCommand =
-        hasCommandShape(state.source, name.end) && !state.isVariable(state.text(name));
-    return isCommand ? command() : assignmentOrExpression();
-}
-
-NodeId StatementParser::command() {
-    const Token name = state.token();
-    const NodeId callee = state.identifierOfToken(Role::Mention);
-    const Field commandWords = words(name.end);
-    return state.builder.node(
-        NodeKind::CommandStatement, state.extentFrom(name.begin),
-        {TreeBuilder::one(state.implicitAns(name.begin)), TreeBuilder::one(callee), commandWords});
-}
-
-NodeId StatementParser::implicitCommand() {
-    const Token mark = state.token();
-    const Field commandWords = words(mark.end);
-    if (commandWords.count == 0) state.failAt(mark.begin, "expected a command after '!'");
-    return state.builder.node(NodeKind::ImplicitCommandStatement, state.extentFrom(mark.begin),
-                              {TreeBuilder::one(state.implicitAns(mark.begin)), commandWords});
-}
-
-Field StatementParser::words(std::size_t from) {
-    const CommandWords read = readCommandWords(state.source, from);
-    NodeList list(state);
-    for (const CommandWord& word : read.words) {
-        const auto spelling =
-            std::u16string_view(state.source.text()).substr(word.begin, word.end - word.begin);
-        list.add(
-            state.builder.literal(NodeKind::CharacterLiteral, spelling, {word.begin, word.end}));
-    }
-    state.seek(read.end);
-    if (read.openQuote != Lexer::NONE)
-        state.failAt(read.openQuote, "the quoted text is not closed");
-    return list.store();
-}
-
-NodeId StatementParser::assignmentOrExpression() {
-    const std::size_t begin = state.token().begin;
-    const NodeId lhs = expressions.expression();
-    if (!state.is(TokenKind::Assign)) return expressionStatement(lhs);
-    willWrite(lhs);
-    state.advance();
-    const NodeId rhs = expressions.expression();
-    return state.builder.node(NodeKind::AssignmentStatement, state.extentFrom(begin),
-                              {TreeBuilder::one(lhs), TreeBuilder::one(rhs)});
-}
-
-NodeId StatementParser::expressionStatement(NodeId expression) {
-    const Node node = state.builder.at(expression);
-    const Extent extent{node.begin, node.end};
-    if (node.kind == NodeKind::Identifier) {
-        const std::u16string_view name =
-            std::u16string_view(state.source.text()).substr(node.begin, node.end - node.begin);
-        if (!state.isVariable(name)) {
-            return state.builder.node(NodeKind::BareIdentifierStatement, extent,
-                                      {TreeBuilder::one(expression)});
-        }
-    }
-    return state.builder.node(
-        NodeKind::ExpressionStatement, extent,
-        {TreeBuilder::one(state.implicitAns(node.begin)), TreeBuilder::one(expression)});
-}
-
-/// Whether the current bracket is closed on its line and `=` follows.
-bool StatementParser::isMultiAssignment() const {
-    OutsideBrackets ahead(state.lookAhead(), 1);
-    const bool isClosed = ahead.next().kind == TokenKind::RightBracket;
-    return isClosed && ahead.next().kind == TokenKind::Assign;
-}
-
-NodeId StatementParser::multiAssignment() {
-    const std::size_t begin = state.token().begin;
-    NodeList list(state);
-    {
-        const Scoped<bool> inBrackets(state.separatedByBlanks, true);
-        state.openBracket();
-        do {
-            list.add(multiTarget());
-        } while (state.accept(TokenKind::Comma) ||
-                 (state.token().blankBefore && !state.is(TokenKind::RightBracket)));
-        state.closeBracket(TokenKind::RightBracket);
-    }
-    state.expect(TokenKind::Assign, "expected '='");
-    const NodeId rhs = expressions.expression();
-    return state.builder.node(NodeKind::MultiAssignmentStatement, state.extentFrom(begin),
-                              {list.store(), TreeBuilder::one(rhs)});
-}
-
-NodeId StatementParser::multiTarget() {
-    if (state.is(TokenKind::Tilde)) return state.leafOfToken(NodeKind::IgnoredArgument);
-    const NodeId target = expressions.postfix();
-    willWrite(target);
-    return target;
-}
-
-void StatementParser::willWrite(NodeId target) {
-    const NodeId name = expressions.assignedName(target);
-    if (name == 0) {
-        state.failAt(state.builder.at(target).begin, "this expression cannot be assigned to");
-    }
-    targets.push_back(name);
-}
-
-NodeId StatementParser::declaration(NodeKind kind) {
-    const std::size_t begin = state.token().begin;
-    state.advance();
-    if (!state.is(TokenKind::Identifier)) state.fail("expected a name, found " + state.found());
-    NodeList names(state);
-    while (state.is(TokenKind::Identifier)) {
-        const NodeId name = state.identifierOfToken(Role::Written);
-        targets.push_back(name);
-        names.add(name);
-    }
-    return state.builder.node(kind, state.extentFrom(begin), {names.store()});
+    if (isBlockClosed) attempt([&] { expectEnding(state); });
 }
 
 // Blocks
@@ -300,12 +107,23 @@ NodeId StatementParser::block() {
     return node;
 }
 
-void StatementParser::closeBlock(std::size_t opener, const char* keyword) {
+BlockId StatementParser::openBlock(std::string_view name) {
+    const Extent keyword = state.place();
+    state.advance();
+    return state.blocks.open(keyword, name);
+}
+
+void StatementParser::closeBlock(BlockId block) {
     isBlockClosed = state.is(Keyword::End);
     if (isBlockClosed) {
+        state.blocks.close(block, state.token().begin);
         state.advance();
-    } else if (!isCutOff && state.openComment() == Lexer::NONE) {
-        state.report(opener, std::string("'") + keyword + "' has no 'end'");
+    } else {
+        state.blocks.closeWithoutEnd(block, isCutOff || state.openComment() != Lexer::NONE);
+    }
+    for (const MissingEnd& missing : state.blocks.takeMissing()) {
+        const SyntaxError error = errorOf(missing, state.source);
+        state.report(error.place, error.message, error.help);
     }
 }
 
@@ -320,63 +138,73 @@ NodeId StatementParser::head() {
     NodeId result = 0;
     const bool isRight = attempt([&] {
         result = expressions.expression();
-        ending();
+        expectEnding(state);
     });
     return isRight ? result : discarded(NodeKind::DiscardedExpression, begin);
 }
 
+NodeId StatementParser::condition() {
+    const Scoped<bool> inCondition(state.isInCondition, true);
+    return head();
+}
+
 NodeId StatementParser::ifStatement() {
-    const std::size_t begin = state.token().begin;
+    const Extent keyword = state.place();
+    const std::size_t begin = keyword.begin;
+    const bool isElseIf = elseIf.end == keyword.end;
+    const BlockId block =
+        isElseIf ? state.blocks.openElseIf(elseIf) : state.blocks.open(keyword, "if");
     state.advance();
-    const NodeId condition = head();
+    const NodeId test = condition();
     const Field statements = body(Keyword::If);
     NodeList clauses(state);
     while (state.is(Keyword::ElseIf))
         clauses.add(elseIfClause());
     const NodeId otherwise = state.is(Keyword::Else) ? elseClause() : 0;
-    closeBlock(begin, "if");
+    closeBlock(block);
     return state.builder.node(
         NodeKind::IfStatement, state.extentFrom(begin),
-        {TreeBuilder::one(condition), statements, clauses.store(), TreeBuilder::maybe(otherwise)});
+        {TreeBuilder::one(test), statements, clauses.store(), TreeBuilder::maybe(otherwise)});
 }
 
 NodeId StatementParser::elseIfClause() {
     const std::size_t begin = state.token().begin;
     state.advance();
-    const NodeId condition = head();
+    const NodeId test = condition();
     const Field statements = body(Keyword::If);
     return state.builder.node(NodeKind::ElseIfClause, state.extentFrom(begin),
-                              {TreeBuilder::one(condition), statements});
+                              {TreeBuilder::one(test), statements});
 }
 
 NodeId StatementParser::elseClause() {
     const std::size_t begin = state.token().begin;
     state.advance();
-    optionalEnding();
+    if (state.is(Keyword::If)) elseIf = {begin, state.token().end};
+    acceptEnding(state);
     const Field statements = body(Keyword::Else);
     return state.builder.node(NodeKind::ElseClause, state.extentFrom(begin), {statements});
 }
 
 NodeId StatementParser::whileStatement() {
     const std::size_t begin = state.token().begin;
-    state.advance();
-    const NodeId condition = head();
+    const BlockId block = openBlock("while");
+    const NodeId test = condition();
     const Field statements = body(Keyword::While);
-    closeBlock(begin, "while");
+    closeBlock(block);
     return state.builder.node(NodeKind::WhileStatement, state.extentFrom(begin),
-                              {TreeBuilder::one(condition), statements});
+                              {TreeBuilder::one(test), statements});
 }
 
 NodeId StatementParser::switchStatement() {
     const std::size_t begin = state.token().begin;
-    state.advance();
+    const BlockId block = openBlock("switch");
     const NodeId subject = head();
     dropBeforeCase();
     NodeList cases(state);
     while (state.is(Keyword::Case))
         cases.add(caseClause());
     const NodeId otherwise = state.is(Keyword::Otherwise) ? otherwiseClause() : 0;
-    closeBlock(begin, "switch");
+    closeBlock(block);
     return state.builder.node(
         NodeKind::SwitchStatement, state.extentFrom(begin),
         {TreeBuilder::one(subject), cases.store(), TreeBuilder::maybe(otherwise)});
@@ -386,12 +214,12 @@ NodeId StatementParser::switchStatement() {
 void StatementParser::dropBeforeCase() {
     const auto skipEmpty = [&] {
         const std::size_t before = state.token().begin;
-        optionalEnding();
+        acceptEnding(state);
         return state.token().begin != before;
     };
     while (skipEmpty()) {
     }
-    const std::size_t begin = state.token().begin;
+    const Extent first = state.place();
     const ParserState::Mark mark = state.mark();
     openBlocks.push_back(Keyword::Switch);
     NodeList dropped(state);
@@ -399,7 +227,7 @@ void StatementParser::dropBeforeCase() {
     openBlocks.pop_back();
     if (dropped.size() == 0) return;
     state.forgetNodes(mark);
-    state.report(begin, "this statement belongs to no 'case'");
+    state.report(first, "this statement belongs to no 'case'");
 }
 
 NodeId StatementParser::caseClause() {
@@ -414,18 +242,18 @@ NodeId StatementParser::caseClause() {
 NodeId StatementParser::otherwiseClause() {
     const std::size_t begin = state.token().begin;
     state.advance();
-    optionalEnding();
+    acceptEnding(state);
     const Field statements = body(Keyword::Otherwise);
     return state.builder.node(NodeKind::OtherwiseClause, state.extentFrom(begin), {statements});
 }
 
 NodeId StatementParser::tryStatement() {
     const std::size_t begin = state.token().begin;
-    state.advance();
-    optionalEnding();
+    const BlockId block = openBlock("try");
+    acceptEnding(state);
     const Field statements = body(Keyword::Try);
     const NodeId handler = state.is(Keyword::Catch) ? catchClause() : 0;
-    closeBlock(begin, "try");
+    closeBlock(block);
     return state.builder.node(NodeKind::TryStatement, state.extentFrom(begin),
                               {statements, TreeBuilder::maybe(handler)});
 }
@@ -436,7 +264,7 @@ NodeId StatementParser::catchClause() {
     NodeId variable = 0;
     const bool isRight = attempt([&] {
         if (state.is(TokenKind::Identifier)) variable = state.identifierOfToken(Role::Mention);
-        ending();
+        expectEnding(state);
     });
     if (!isRight) variable = 0;
     if (variable != 0) state.write(variable);
@@ -447,11 +275,11 @@ NodeId StatementParser::catchClause() {
 
 NodeId StatementParser::spmdStatement() {
     const std::size_t begin = state.token().begin;
-    state.advance();
+    const BlockId block = openBlock("spmd");
     const Field optionRange = options();
-    optionalEnding();
+    acceptEnding(state);
     const Field statements = body(Keyword::Spmd);
-    closeBlock(begin, "spmd");
+    closeBlock(block);
     const NodeId node = state.builder.node(NodeKind::SpmdStatement, state.extentFrom(begin),
                                            {optionRange, statements});
     state.constructs.push_back({node, state.scope});
@@ -474,9 +302,10 @@ Field StatementParser::options() {
 
 NodeId StatementParser::forStatement() {
     const std::size_t begin = state.token().begin;
-    const LoopHead head = loopHead();
+    const BlockId block = openBlock("for");
+    const LoopHead head = loopHead(false);
     const Field statements = body(Keyword::For);
-    closeBlock(begin, "for");
+    closeBlock(block);
     return state.builder.node(
         NodeKind::ForStatement, state.extentFrom(begin),
         {TreeBuilder::one(head.variable), TreeBuilder::one(head.expression), statements});
@@ -484,9 +313,10 @@ NodeId StatementParser::forStatement() {
 
 NodeId StatementParser::parforStatement() {
     const std::size_t begin = state.token().begin;
-    const LoopHead head = loopHead();
+    const BlockId block = openBlock("parfor");
+    const LoopHead head = loopHead(true); // only a parfor may have options
     const Field statements = body(Keyword::Parfor);
-    closeBlock(begin, "parfor");
+    closeBlock(block);
     const NodeId node =
         state.builder.node(NodeKind::ParforStatement, state.extentFrom(begin),
                            {TreeBuilder::one(head.variable), TreeBuilder::one(head.expression),
@@ -496,10 +326,8 @@ NodeId StatementParser::parforStatement() {
     return node;
 }
 
-/// The head of the current loop; only that of a `parfor` may have options.
-StatementParser::LoopHead StatementParser::loopHead() {
-    const bool mayHaveOptions = state.is(Keyword::Parfor);
-    state.advance();
+/// The head of a loop, after its keyword.
+StatementParser::LoopHead StatementParser::loopHead(bool mayHaveOptions) {
     const std::size_t begin = state.token().begin;
     LoopHead head;
     const bool isRight = attempt([&] {
@@ -507,7 +335,7 @@ StatementParser::LoopHead StatementParser::loopHead() {
             loopHeadInParens(head, mayHaveOptions);
         } else {
             loopRange(head);
-            ending();
+            expectEnding(state);
         }
     });
     if (isRight) {
@@ -529,7 +357,7 @@ void StatementParser::loopHeadInParens(LoopHead& head, bool mayHaveOptions) {
     } else {
         state.closeBracket(TokenKind::RightParen);
     }
-    optionalEnding();
+    acceptEnding(state);
 }
 
 void StatementParser::loopRange(LoopHead& head) {
@@ -545,11 +373,11 @@ void StatementParser::loopRange(LoopHead& head) {
 
 NodeId StatementParser::discardBlock() {
     const std::size_t begin = state.token().begin;
-    state.report(begin,
+    state.report(state.place(),
                  "blocks are nested deeper than " + std::to_string(MAX_BLOCK_NESTING) + " levels");
     skipBlock();
     const NodeId node = state.builder.leaf(NodeKind::DiscardedStatement, state.extentFrom(begin));
-    if (!isCutOff) attempt([&] { ending(); });
+    if (!isCutOff) attempt([&] { expectEnding(state); });
     return node;
 }
 

@@ -1,13 +1,17 @@
 #pragma once
 
+#include "syntax/BlockLog.h"
 #include "syntax/ExpressionParser.h"
 #include "syntax/ParserState.h"
+#include "syntax/SimpleStatementParser.h"
+#include "syntax/StatementEnding.h"
 #include "syntax/SyntaxError.h"
 
 #include <zt_orvex/ast/NodeKind.h>
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace ostrel {
@@ -20,17 +24,24 @@ namespace ostrel {
 class StatementParser {
 public:
     StatementParser(ParserState& shared, ExpressionParser& expressionParser)
-        : state(shared), expressions(expressionParser) {}
+        : state(shared), expressions(expressionParser), simple(shared, expressionParser) {}
 
     /// Must be called at the beginning of another scope.
-    void beginScope() { isCutOff = false; }
+    void beginScope() {
+        isCutOff = false;
+        simple.beginScope();
+    }
 
     /// Appends statements up to a token that ends the list: `end`, a keyword that continues an
     /// enclosing block, `function`, `class`, or the end of the file.
     void statementsInto(NodeList& list);
 
-    /// Consumes the `end` of the block whose keyword is at `opener`; reports it if it is missing.
-    void closeBlock(std::size_t opener, const char* keyword);
+    /// Consumes the keyword of a block of this name, which must outlive the parser.
+    BlockId openBlock(std::string_view name);
+
+    /// Consumes the `end` of a block. Once an outermost block is closed, reports those in it whose
+    /// `end` is missing.
+    void closeBlock(BlockId block);
 
     /// Consumes what ends a statement, after the `end` that `closeBlock` has consumed.
     void blockEnding();
@@ -38,8 +49,9 @@ public:
     /// Reports an error at the first token of a statement, and skips the statement.
     NodeId reject(const std::string& message);
 
-    /// Consumes `;`, `,` or a line end if one follows.
-    void optionalEnding();
+    /// Rejects an `end` that closes nothing. If a statement before it may be the head of its block,
+    /// with a misspelled keyword, the error is there.
+    NodeId rejectEnd();
 
     /// Runs `read` on something that has a line of its own. After a syntax error, reports it, drops
     /// the nodes, skips the line and returns false.
@@ -53,14 +65,10 @@ public:
             state.builder.rollBack(checkpoint);
             state.recoverFrom(error);
             discardedEnd = state.previousEnd();
-            optionalEnding();
+            acceptEnding(state);
             return false;
         }
     }
-
-    /// Consumes `;`, `,`, a line end or the end of the file, one of which must follow.
-    enum class Ending { Silent, Printing };
-    Ending ending();
 
 private:
     /// The head of a `for` or `parfor`.
@@ -71,20 +79,7 @@ private:
     };
 
     NodeId statement();
-    NodeId simple();
-    NodeId simpleWithoutEnding();
-    NodeId print(NodeId inner);
-    NodeId nameStatement();
-    NodeId command();
-    NodeId implicitCommand();
-    Field words(std::size_t from);
-    NodeId assignmentOrExpression();
-    NodeId expressionStatement(NodeId expression);
-    bool isMultiAssignment() const;
-    NodeId multiAssignment();
-    NodeId multiTarget();
-    NodeId declaration(zt::orvex::NodeKind kind);
-    void willWrite(NodeId target);
+    NodeId reject(const SyntaxError& error);
 
     NodeId block();
     NodeId ifStatement();
@@ -101,11 +96,12 @@ private:
     NodeId forStatement();
     NodeId parforStatement();
 
-    LoopHead loopHead();
+    LoopHead loopHead(bool mayHaveOptions);
     void loopHeadInParens(LoopHead& head, bool mayHaveOptions);
     void loopRange(LoopHead& head);
     Field options();
     NodeId head();
+    NodeId condition();
     NodeId discarded(zt::orvex::NodeKind kind, std::size_t begin);
     Field body(Keyword block);
     bool continuesOpenBlock() const;
@@ -114,8 +110,9 @@ private:
 
     ParserState& state;
     ExpressionParser& expressions;
+    SimpleStatementParser simple;
     std::vector<Keyword> openBlocks;
-    std::vector<NodeId> targets;  ///< What the current statement writes.
+    Extent elseIf{0, 0};          ///< The last `else` with an `if` on its line.
     std::size_t discardedEnd = 0; ///< The end of what was skipped last.
     bool isBlockClosed = true;    ///< Whether the last block had its `end`.
     bool isCutOff = false;        ///< Whether the file ended inside a skipped block.

@@ -1,14 +1,16 @@
 #pragma once
 
-#include <cstddef>
+#include "tree/TreeBuilder.h"
+
 #include <string>
 
 namespace ostrel {
 
 /// Thrown inside the parser where a statement can't continue; caught where the next one begins.
 struct SyntaxError {
-    std::size_t offset;
+    Extent place;
     std::string message;
+    std::string help{};
 };
 
 } // namespace ostrel

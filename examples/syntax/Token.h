@@ -96,6 +96,12 @@ constexpr bool isClosingBracket(TokenKind kind) {
            kind == TokenKind::RightBrace;
 }
 
+/// Whether a token outside brackets ends any statement.
+constexpr bool endsStatement(TokenKind kind) {
+    return kind == TokenKind::EndOfFile || kind == TokenKind::LineEnd ||
+           kind == TokenKind::Semicolon || kind == TokenKind::Comma;
+}
+
 /// Whether the keyword opens a block of statements that `end` closes.
 constexpr bool beginsBlock(Keyword keyword) {
     switch (keyword) {
@@ -109,6 +115,33 @@ constexpr bool beginsBlock(Keyword keyword) {
         return true;
     default:
         return false;
+    }
+}
+
+/// Whether the keyword continues a block: begins another body, or a clause.
+constexpr bool continuesBlock(Keyword keyword) {
+    switch (keyword) {
+    case Keyword::Case:
+    case Keyword::Catch:
+    case Keyword::Else:
+    case Keyword::ElseIf:
+    case Keyword::Otherwise:
+        return true;
+    default:
+        return false;
+    }
+}
+
+/// Whether `keyword`, which continues a block, may follow a body that `block` has begun.
+constexpr bool mayFollow(Keyword keyword, Keyword block) {
+    switch (keyword) {
+    case Keyword::Case:
+    case Keyword::Otherwise:
+        return block == Keyword::Switch;
+    case Keyword::Catch:
+        return block == Keyword::Try;
+    default:
+        return block == Keyword::If;
     }
 }
 
