@@ -158,7 +158,8 @@ Field ClassParser::methods() {
             return list.store();
         } else {
             NodeId declaration = 0;
-            const bool isRight = statements.attempt([&] { declaration = functions.methodDeclaration(); });
+            const bool isRight =
+                statements.attempt([&] { declaration = functions.methodDeclaration(); });
             if (isRight) list.add(declaration);
         }
     }

@@ -61,7 +61,9 @@ std::optional<CompoundAssignment> compoundAssignmentAt(const SourceText& source,
     const std::size_t size = sign.end - sign.begin;
     const Extent both{sign.begin, second.end};
     if (second.kind == TokenKind::Assign && second.begin == stuckAt)
-        return CompoundAssignment{target, both, size, false, restOfStatement(source, skipBlanks(source, second.end), tokens, third)};
+        return CompoundAssignment{
+            target, both, size, false,
+            restOfStatement(source, skipBlanks(source, second.end), tokens, third)};
     const bool isStep = sign.kind == TokenKind::Plus || sign.kind == TokenKind::Minus;
     const bool isDoubled = isStep && second.kind == sign.kind && third.begin == stuckAt;
     if (isDoubled && endsAssignment(third.kind))

@@ -33,7 +33,8 @@ bool ExtraEnds::isExtra(Owner owner) {
     Token token = ahead.next();
     for (; !endsFunction(token); before = token, token = ahead.next()) {
         if (!mayLookAhead(token, before)) return false;
-        const bool isClassBlock = before.kind == TokenKind::LineEnd && isClassBlockWord(state, token);
+        const bool isClassBlock =
+            before.kind == TokenKind::LineEnd && isClassBlockWord(state, token);
         const bool opensClassBlock = isClassBlock && unmatched.size() == 1 && depth == 0;
         hasBlockWord = hasBlockWord || isClassBlock;
         if (beginsBlock(token.keyword) || opensClassBlock) ++depth;
@@ -68,7 +69,8 @@ bool ExtraEnds::isExtraInClass() {
     for (Token token = ahead.next(); token.kind != TokenKind::EndOfFile;
          before = token, token = ahead.next()) {
         if (!mayLookAhead(token, before)) return false;
-        const bool isClassBlock = before.kind == TokenKind::LineEnd && isClassBlockWord(state, token);
+        const bool isClassBlock =
+            before.kind == TokenKind::LineEnd && isClassBlockWord(state, token);
         const bool opens = beginsBlock(token.keyword) || token.keyword == Keyword::Function ||
                            (isClassBlock && depth == 0);
         if (opens) ++depth;

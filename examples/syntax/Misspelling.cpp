@@ -26,10 +26,9 @@ struct KeywordRow {
 };
 
 constexpr KeywordRow BLOCK_KEYWORDS[] = {
-    {"for", Follower::Loop},          {"function", Follower::Signature},
-    {"if", Follower::Expression},     {"parfor", Follower::Loop},
-    {"spmd", Follower::Options},      {"switch", Follower::Expression},
-    {"try", Follower::Nothing},       {"while", Follower::Expression},
+    {"for", Follower::Loop},    {"function", Follower::Signature}, {"if", Follower::Expression},
+    {"parfor", Follower::Loop}, {"spmd", Follower::Options},       {"switch", Follower::Expression},
+    {"try", Follower::Nothing}, {"while", Follower::Expression},
 };
 
 constexpr std::size_t LONGEST_KEYWORD = 8;
@@ -59,8 +58,7 @@ std::size_t editDistance(std::string_view a, std::string_view b) {
             }
             const std::size_t replaced = cost[i - 1][j - 1] + (a[i - 1] == b[j - 1] ? 0 : 1);
             cost[i][j] = std::min({cost[i - 1][j] + 1, cost[i][j - 1] + 1, replaced});
-            const bool isSwap =
-                i > 1 && j > 1 && a[i - 1] == b[j - 2] && a[i - 2] == b[j - 1];
+            const bool isSwap = i > 1 && j > 1 && a[i - 1] == b[j - 2] && a[i - 2] == b[j - 1];
             if (isSwap) cost[i][j] = std::min(cost[i][j], cost[i - 2][j - 2] + 1);
         }
     }

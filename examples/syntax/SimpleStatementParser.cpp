@@ -86,7 +86,8 @@ NodeId SimpleStatementParser::command() {
 NodeId SimpleStatementParser::implicitCommand() {
     const Token mark = state.token();
     const Field commandWords = words(mark.end);
-    if (commandWords.count == 0) state.failAt({mark.begin, mark.end}, "expected a command after '!'");
+    if (commandWords.count == 0)
+        state.failAt({mark.begin, mark.end}, "expected a command after '!'");
     return state.builder.node(NodeKind::ImplicitCommandStatement, state.extentFrom(mark.begin),
                               {TreeBuilder::one(state.implicitAns(mark.begin)), commandWords});
 }
@@ -210,7 +211,8 @@ NodeId SimpleStatementParser::assignedName(NodeId target) const {
 /// Remembers the first word of a statement that a misspelled keyword could have become.
 void SimpleStatementParser::suspect(const Token& first, NodeId statement) {
     NodeId node = statement;
-    if (state.builder.at(node).kind == NodeKind::PrintStatement) node = state.builder.child(node, 0);
+    if (state.builder.at(node).kind == NodeKind::PrintStatement)
+        node = state.builder.child(node, 0);
     const NodeKind kind = state.builder.at(node).kind;
     const bool isPossible = kind == NodeKind::CommandStatement ||
                             kind == NodeKind::BareIdentifierStatement ||

@@ -134,8 +134,7 @@ TEST(MissingEnd, ElseIfInTwoWordsNeedsAnEndOfItsOwn) {
                                            "    y = 1;\n"
                                            "  end\n"
                                            "end\n");
-    EXPECT_EQ(testing::dumpErrors(file),
-              "4:3: " + message + "6:3 lines up with the 'if' at 2:3\n");
+    EXPECT_EQ(testing::dumpErrors(file), "4:3: " + message + "6:3 lines up with the 'if' at 2:3\n");
     EXPECT_EQ(file.diagnostics[0].help, "did you mean 'elseif'?");
     EXPECT_EQ(file.diagnostics[0].place.length, 7U);
     EXPECT_EQ(errors("if a\nx = 1;\nelse if b\ny = 1;\nend\n"),

@@ -197,8 +197,7 @@ TEST(ParserHelp, MalformedNumberSaysWhichCharacterIsWrong) {
     EXPECT_EQ(number("1.2.3"), "1:8-1:9: " + begin + "it has a second point\n");
     EXPECT_EQ(number("1e5.5"), "1:8-1:9: " + begin + "an exponent has no point\n");
     EXPECT_EQ(number("1.5e"), "1:8-1:9: " + begin + "the exponent has no digits\n");
-    EXPECT_EQ(number("0x1FFu8"),
-              "1:5-1:12: the number has more digits than its type can hold\n");
+    EXPECT_EQ(number("0x1FFu8"), "1:5-1:12: the number has more digits than its type can hold\n");
 }
 
 TEST(ParserHelp, SignOfAnExponentWithoutDigitsIsPartOfTheMistake) {

@@ -167,13 +167,32 @@ std::vector<Shape> runsOfPieces() {
           // What can't be parsed.
           "x = [1, 2\n", "[* * 2\n", "x = (1 + [2\n", "x = [1, 2\nf(1)\n", "x = 'a\n", "a -b\n",
           "parfor k = 1:3, x = ; end, ", "),", "(];[(", "[a b] = ", "x(a, x (b, ", "if 1\n",
-          "switch x\ny\n", "parfor\nend\n", "hold (\nend\n", "hold a(, end\n", "class A\n",
-          "function f\nend\nend\n", "function f\nend\nx = 1;\n"})
+          "i++\n", "x += 1, ", "x += if ", "x(1) *= [", "if x = 3\n", "1e+;", "0x12G4, ", "a != b;",
+          "fro k = 1\n", "fro k = 1\nend\n", "whlie x, ", "else if a\n", "  if a\nend\n",
+          "    end\n", "switch x\ny\n", "parfor\nend\n", "hold (\nend\n", "hold a(, end\n",
+          "class A\n", "function f\nend\nend\n", "function f\nend\nx = 1;\n"})
         shapes.push_back(run("", piece, ""));
-    for (const char* piece :
-         {"end\n", "end, ", "end\nx = 1;\n", "end\nif a, end\n", "end\nif a\n", "hold end\n",
-          "hold if\nend\n", "hold a(, end\n", "end\nevents\n", "end\nmethods\nend\n", "if a\n",
-          "%{\n", "case 1\n", "arguments\na\nend\n", "class\n", "\n\n"}) {
+    for (const char* piece : {"end\n",
+                              "end, ",
+                              "end\nx = 1;\n",
+                              "end\nif a, end\n",
+                              "end\nif a\n",
+                              "hold end\n",
+                              "hold if\nend\n",
+                              "hold a(, end\n",
+                              "end\nevents\n",
+                              "end\nmethods\nend\n",
+                              "if a\n",
+                              "i++\n",
+                              "whlie x\n",
+                              "whlie x\nend\n",
+                              "if a\nelse if b\nend\n",
+                              "  if a\nend\n",
+                              "%{\n",
+                              "case 1\n",
+                              "arguments\na\nend\n",
+                              "class\n",
+                              "\n\n"}) {
         shapes.push_back(run("function f\n", piece, ""));
         shapes.push_back(run("class A\nmethods\nfunction f\n", piece, ""));
         shapes.push_back(run("class A\nmethods\n", piece, ""));
