@@ -1,83 +1,138 @@
-// orvex-match: compares two Ostrel programs and shows where they first differ.
+// orvex-match: compares two Ostrel programs and shows where they differ.
 
 #include "frontend/InputFile.h"
 #include "frontend/ParsedFile.h"
+#include "match/DifferenceWriter.h"
+#include "match/Differences.h"
 #include "match/TreeMatcher.h"
+#include "terminal/ColorChoice.h"
 #include "terminal/Complaint.h"
 #include "terminal/DisplayText.h"
 #include "terminal/MessageWriter.h"
+#include "terminal/Terminal.h"
 
 #include <zt_orvex/equivalence/EquivalenceFullLogger.h>
 
 #include <CLI/CLI.hpp>
 
+#include <cstdio>
 #include <iostream>
+#include <map>
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 namespace {
+
+using namespace ostrel;
 
 constexpr const char* PROGRAM = "orvex-match";
 
 enum ExitStatus { EQUIVALENT = 0, DIFFERENT = 1, FAILED = 2 };
 
+const std::map<std::string, ColorChoice> COLOR_CHOICES{
+    {"auto", ColorChoice::Auto}, {"always", ColorChoice::Always}, {"never", ColorChoice::Never}};
+
+struct Options {
+    std::string first;
+    std::string second;
+    ColorChoice color = ColorChoice::Auto;
+    bool showsLog = false;
+};
+
+TextStyle styleOf(std::FILE* stream, ColorChoice choice) {
+    TextStyle style;
+    const bool isShown = isTerminal(stream);
+    style.isColored = wantsColor(choice, colorSurroundings(false, isShown));
+    if (isShown) style.width = terminalWidth(stream, style.width);
+    return style;
+}
+
 std::optional<std::string> readText(const std::string& path) {
     try {
-        return ostrel::readInput(path);
+        return readInput(path);
     } catch (const std::runtime_error& error) {
-        std::cerr << ostrel::complaint(PROGRAM, "cannot read '" + path + "': " + error.what());
+        std::cerr << complaint(PROGRAM, "cannot read '" + path + "': " + error.what());
         return {};
     }
 }
 
 /// The parsed file, or nothing, in which case the reason is on standard error.
-std::optional<ostrel::ParsedFile> parseFile(const std::string& path) {
+std::optional<ParsedFile> parseFile(const std::string& path, ColorChoice color) {
     const std::optional<std::string> text = readText(path);
     if (!text) return {};
-    ostrel::ParsedFile file = ostrel::parseOstrel(path, *text);
-    for (const ostrel::Diagnostic& diagnostic : file.diagnostics) {
-        ostrel::MessageWriter(std::cerr, {})
-            .writeHead(path, diagnostic.place, ostrel::Tone::Error, "error", diagnostic.message);
-    }
+    ParsedFile file = parseOstrel(path, *text);
+    MessageWriter messages(std::cerr, styleOf(stderr, color));
+    for (const Diagnostic& each : file.diagnostics)
+        messages.write(path, file.source, each.place,
+                       {Tone::Error, "error", each.message, each.help});
     if (file.hasErrors()) return {};
     return file;
 }
 
-int compare(const std::string& firstPath, const std::string& secondPath) {
-    const std::optional<ostrel::ParsedFile> first = parseFile(firstPath);
-    const std::optional<ostrel::ParsedFile> second = parseFile(secondPath);
-    if (!first || !second) return FAILED;
+void writeLog(const ParsedFile& first, const ParsedFile& second) {
     zt::orvex::internal::EquivalenceFullLogger logger;
-    ostrel::TreeMatcher matcher({*first->tree, first->source}, {*second->tree, second->source},
-                                logger);
-    if (matcher.match()) return EQUIVALENT;
-    std::cout << ostrel::displayedLines(logger.getLog());
+    TreeMatcher({*first.tree, first.source}, {*second.tree, second.source}, logger).match();
+    std::cout << '\n' << displayedLines(logger.getLog());
+}
+
+int compare(const Options& options) {
+    const std::optional<ParsedFile> first = parseFile(options.first, options.color);
+    const std::optional<ParsedFile> second = parseFile(options.second, options.color);
+    if (!first || !second) return FAILED;
+    const std::vector<Difference> differences = findDifferences(*first->tree, *second->tree);
+    if (differences.empty()) return EQUIVALENT;
+    DifferenceWriter writer(std::cout, styleOf(stdout, options.color), *first, *second);
+    for (const Difference& difference : differences) {
+        writer.write(difference);
+        std::cout << '\n';
+    }
+    std::cout << differences.size()
+              << (differences.size() == 1 ? " difference\n" : " differences\n");
+    if (options.showsLog) writeLog(*first, *second);
     return DIFFERENT;
 }
 
 int parseAndCompare(int count, char** arguments) {
-    CLI::App app("Compares two Ostrel programs and prints where they differ. Exit status: 0 when "
-                 "they are equivalent, 1 when not, 2 on errors.",
-                 PROGRAM);
-    app.set_version_flag("--version", "orvex-match " ORVEX_MATCH_VERSION);
+    CLI::App app(
+        "Compares two Ostrel programs and shows where they differ. Layout, comments and the "
+        "spelling of values don't count.",
+        PROGRAM);
+    app.footer("Exit status: 0 when the programs are equivalent, 1 when they differ, 2 on wrong\n"
+               "usage, a file with errors or one that cannot be read, or too little memory.");
+    app.set_version_flag("--version", "orvex-match " ORVEX_MATCH_VERSION, "Print the version");
     app.failure_message([](const CLI::App*, const CLI::Error& error) {
-        return ostrel::usageComplaint(PROGRAM, error.what());
+        return usageComplaint(PROGRAM, error.what());
     });
-    std::string first;
-    std::string second;
-    app.add_option("A", first, "The first program")->required();
-    app.add_option("B", second, "The second program")->required();
+    Options options;
+    std::string color = "auto";
+    app.add_option("--color", color, "Whether to colour text; auto: on a terminal")
+        ->check(CLI::IsMember({"auto", "always", "never"}))
+        ->capture_default_str();
+    app.add_flag("--log", options.showsLog,
+                 "Show the steps of the comparison too, to the first difference");
+    app.add_option("A", options.first, "The first program; - is standard input")
+        ->required()
+        ->type_name("");
+    app.add_option("B", options.second, "The second program; - is standard input")
+        ->required()
+        ->type_name("");
     try {
         app.parse(count, arguments);
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? EQUIVALENT : FAILED;
     }
-    return compare(first, second);
+    options.color = COLOR_CHOICES.at(color);
+    if (options.first == "-" && options.second == "-") {
+        std::cerr << complaint(PROGRAM, "standard input can be read only once");
+        return FAILED;
+    }
+    return compare(options);
 }
 
 } // namespace
 
 int main(int count, char** arguments) {
-    return ostrel::guardMain(PROGRAM, FAILED, parseAndCompare, count, arguments);
+    return guardMain(PROGRAM, FAILED, parseAndCompare, count, arguments);
 }

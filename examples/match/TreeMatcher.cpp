@@ -6,6 +6,7 @@
 
 #include <zt_orvex/ast/Operators.h>
 #include <zt_orvex/support/Quote.h>
+#include <zt_orvex_kit/tree/KindName.h>
 
 namespace ostrel {
 
@@ -14,27 +15,14 @@ using zt::orvex::NodeView;
 
 namespace {
 
-/// The name of a kind, for people. The library itself prints kinds as numbers.
-const char* nameOf(NodeKind kind) {
-    switch (kind) {
-#define ZT_ORVEX_NODE_KIND(Name, Class)                                                            \
-    case NodeKind::Name:                                                                           \
-        return #Name;
-#include <zt_orvex/ast/NodeKinds.def>
-    case NodeKind::Invalid:
-        break;
-    }
-    return "Invalid";
-}
-
 Position positionOf(const MatchedProgram& program, NodeView node) {
     return program.source.position(program.tree.beginOffset(node));
 }
 
 std::string describe(const MatchedProgram& program, NodeView node) {
     const Position position = positionOf(program, node);
-    return std::string(nameOf(node.getKind())) + " at " + std::to_string(position.line) + ":" +
-           std::to_string(position.column);
+    return std::string(zt::orvex::kit::kindName(node.getKind())) + " at " +
+           std::to_string(position.line) + ":" + std::to_string(position.column);
 }
 
 unsigned lineOf(const MatchedProgram& program, NodeView node) {

@@ -2,6 +2,8 @@
 
 #include "Require.h"
 #include "frontend/ParsedFile.h"
+#include "source/UnsafeCharacters.h"
+#include "source/Utf8.h"
 #include "syntax/Limits.h"
 #include "syntax/Printer.h"
 #include "tree/Dump.h"
@@ -13,6 +15,16 @@
 
 namespace zt::orvex::fuzz {
 
+inline bool isSafeLine(const std::string& utf8) {
+    for (std::size_t at = 0; at < utf8.size();) {
+        char32_t character = 0;
+        const std::size_t length = ostrel::readCodePoint(utf8, at, character);
+        if (length == 0 || ostrel::isUnsafeToShow(character)) return false;
+        at += length;
+    }
+    return true;
+}
+
 inline void checkDiagnostics(const ostrel::ParsedFile& file) {
     std::size_t last = 0;
     for (const ostrel::Diagnostic& diagnostic : file.diagnostics) {
@@ -22,6 +34,10 @@ inline void checkDiagnostics(const ostrel::ParsedFile& file) {
         require(place.line == diagnostic.place.line && place.column == diagnostic.place.column,
                 "an error's line and column are those of its offset");
         require(!diagnostic.message.empty(), "an error says what it is");
+        require(diagnostic.place.offset + diagnostic.place.length <= file.source.size(),
+                "an error lies in the text");
+        require(isSafeLine(diagnostic.message) && isSafeLine(diagnostic.help),
+                "an error is one line that is safe to show");
     }
 }
 

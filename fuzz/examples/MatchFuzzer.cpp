@@ -2,8 +2,11 @@
 // not depend on the order or on the logger, and a program matches itself, printed anew.
 #include "Require.h"
 #include "frontend/ParsedFile.h"
+#include "match/DifferenceWriter.h"
+#include "match/Differences.h"
 #include "match/TreeMatcher.h"
 #include "syntax/Printer.h"
+#include "terminal/DisplayText.h"
 #include "tree/Dump.h"
 
 #include <zt_orvex/equivalence/EquivalenceFullLogger.h>
@@ -12,8 +15,10 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <sstream>
 #include <string>
 #include <string_view>
+#include <vector>
 
 using namespace ostrel;
 using zt::orvex::fuzz::require;
@@ -34,6 +39,12 @@ bool isMatch(const ParsedFile& first, const ParsedFile& second) {
     require(SourceText::validUtf8Prefix(log) == log.size(), "the log is UTF-8");
     zt::orvex::internal::EquivalenceNullLogger null;
     require(TreeMatcher(a, b, null).match() == matched, "a logger changes nothing");
+    const std::vector<Difference> differences = findDifferences(*first.tree, *second.tree);
+    require(differences.empty() == matched, "programs that don't match differ somewhere");
+    std::ostringstream out;
+    for (const Difference& difference : differences)
+        DifferenceWriter(out, {}, first, second).write(difference);
+    require(!hasUnsafeCharacter(out.str()), "differences are safe to show");
     return matched;
 }
 

@@ -44,8 +44,7 @@ std::vector<std::string> tokensOf(const std::string& source) {
     std::vector<std::string> tokens;
     for (std::size_t begin = 0; begin < text.size(); begin = lexer.position()) {
         const Token token = lexer.next();
-        tokens.push_back(
-            toUtf8(std::u16string_view(text.text()).substr(begin, token.end - begin)));
+        tokens.push_back(toUtf8(std::u16string_view(text.text()).substr(begin, token.end - begin)));
     }
     return tokens;
 }
@@ -72,11 +71,30 @@ void mutate(Random& random, Pieces& pieces) {
 
 /// Inserts what a terminal would obey, or what another language would have.
 void insertStrangeText(Random& random, std::string& source) {
-    static const std::vector<std::string> TEXTS{
-        "\x1B[2J", "\x07",     "\x7F",      "\xC2\x9B", "\xE2\x80\xAE",       "\xE2\x80\xA8",
-        "\t",      "\r",       "0x12G4",    "1e+",      " += 1",              "++",
-        " != ",    "else if ", "\nend\n",   "\n  end",  "\nparfro k = 1:3\n", "\nwhlie a\n",
-        "'",       "\"",       "\n%{\n",    "(",        "[",                  "} "};
+    static const std::vector<std::string> TEXTS{"\x1B[2J",
+                                                "\x07",
+                                                "\x7F",
+                                                "\xC2\x9B",
+                                                "\xE2\x80\xAE",
+                                                "\xE2\x80\xA8",
+                                                "\t",
+                                                "\r",
+                                                "0x12G4",
+                                                "1e+",
+                                                " += 1",
+                                                "++",
+                                                " != ",
+                                                "else if ",
+                                                "\nend\n",
+                                                "\n  end",
+                                                "\nparfro k = 1:3\n",
+                                                "\nwhlie a\n",
+                                                "'",
+                                                "\"",
+                                                "\n%{\n",
+                                                "(",
+                                                "[",
+                                                "} "};
     std::size_t at = random.below(source.size() + 1);
     // Between code points, so that the text stays UTF-8.
     while (at < source.size() && (static_cast<unsigned char>(source[at]) & 0xC0U) == 0x80U)
