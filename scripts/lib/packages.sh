@@ -29,6 +29,13 @@ chromium-driver     drives it
 python3-selenium    tells the driver what to do
 '
 
+# What the check of the SARIF report needs where there is no npm. It isn't in the list above, since a
+# Node from elsewhere may have an npm of its own, which excludes Debian's.
+NODE_PACKAGES='
+nodejs              runs the validator of the SARIF report
+npm                 installs it
+'
+
 package_names() {
     awk 'NF { print $1 }' <<<"$1"
 }

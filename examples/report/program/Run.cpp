@@ -8,6 +8,7 @@
 #include "report/program/FailOn.h"
 #include "report/program/Progress.h"
 #include "report/program/TextFor.h"
+#include "report/sarif/SarifReport.h"
 #include "terminal/Complaint.h"
 
 #include <algorithm>
@@ -35,9 +36,10 @@ struct Format {
     std::unique_ptr<ReportWriter> (*makeWriter)(std::ostream& out, const Options& options);
 };
 
-constexpr std::array<Format, 3> FORMATS{{
+constexpr std::array<Format, 4> FORMATS{{
     {"text", makeTextWriterFor},
     {"json", [](std::ostream& out, const Options&) { return makeJsonWriter(out); }},
+    {"sarif", [](std::ostream& out, const Options&) { return makeSarifWriter(out); }},
     {"html", [](std::ostream& out, const Options&) { return makeHtmlWriter(out); }},
 }};
 

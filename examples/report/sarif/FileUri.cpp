@@ -1,0 +1,46 @@
+#include "report/sarif/FileUri.h"
+
+namespace ostrel::report {
+
+namespace {
+
+bool mayStandInUri(char byte) {
+    constexpr std::string_view PUNCTUATION = "-._~/";
+    return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') ||
+           (byte >= '0' && byte <= '9') || PUNCTUATION.find(byte) != std::string_view::npos;
+}
+
+void appendEncoded(std::string& uri, char byte) {
+    constexpr std::string_view DIGITS = "0123456789ABCDEF";
+    const auto value = static_cast<unsigned char>(byte);
+    uri += '%';
+    uri += DIGITS[value >> 4];
+    uri += DIGITS[value & 0xF];
+}
+
+/// A service that compares references with the names in a repository takes them as they stand.
+std::string_view withoutLeadingDots(std::string_view path) {
+    while (path.size() > 2 && path.substr(0, 2) == "./") {
+        path.remove_prefix(2);
+        while (path.size() > 1 && path.front() == '/')
+            path.remove_prefix(1);
+    }
+    return path;
+}
+
+} // namespace
+
+std::string fileUri(std::string_view path) {
+    path = withoutLeadingDots(path);
+    std::string uri = path.substr(0, 1) == "/" ? "file://" : "";
+    for (const char byte : path) {
+        if (mayStandInUri(byte)) {
+            uri += byte;
+        } else {
+            appendEncoded(uri, byte);
+        }
+    }
+    return uri;
+}
+
+} // namespace ostrel::report
