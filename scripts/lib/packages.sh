@@ -10,6 +10,7 @@ libfast-float-dev   decimal text to double, headers only
 libgtest-dev        the tests
 libgmock-dev        the matchers of the tests
 libcli11-dev        the command line of the example
+libtbb-dev          the threads of the example
 nlohmann-json3-dev  the JSON output of the example
 libutf8proc-dev     how wide the characters are that the example shows at a terminal
 pkg-config          finds libutf8proc, and the test that finds the installed library with it

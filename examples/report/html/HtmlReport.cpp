@@ -141,7 +141,9 @@ public:
             << HTML_LEGEND << "</header>\n<main>\n";
     }
 
-    void write(const File& file) override { writeFile(file, written++); }
+    void write(const File& file) override {
+        if (file.failure.empty()) writeFile(file, written++);
+    }
 
     void end() override { out << "</main>\n" << HTML_FOOT; }
 

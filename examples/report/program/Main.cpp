@@ -2,10 +2,13 @@
 #include "report/program/Run.h"
 #include "terminal/Complaint.h"
 
+#include <ios>
+
 namespace {
 
 int parseAndRun(int count, char** arguments) {
     using namespace ostrel::report;
+    std::ios::sync_with_stdio(false); // nothing else writes to standard output
     const ParsedOptions parsed = parseOptions(count, arguments, formatNames());
     return parsed.exitStatus ? *parsed.exitStatus : run(parsed.options);
 }

@@ -15,6 +15,7 @@ namespace ostrel::report {
 namespace {
 
 constexpr int WRONG_USAGE = 2;
+constexpr int MAX_JOBS = 1024;
 
 const std::map<std::string, ColorChoice> COLOR_CHOICES{
     {"auto", ColorChoice::Auto}, {"always", ColorChoice::Always}, {"never", ColorChoice::Never}};
@@ -74,9 +75,14 @@ ParsedOptions parseOptions(int count, const char* const* arguments,
             return addCodes(list, ignored).value_or("");
         });
     app.add_flag("--quiet", options.isQuiet, "In text: errors and remarks only, no tables");
+    app.add_option("--jobs", options.jobs, "Files at once; 0: one for each processor")
+        ->type_name("N")
+        ->check(CLI::Range(0, MAX_JOBS))
+        ->capture_default_str();
     app.add_flag("--check-tree", options.checksTrees,
                  "Check the tree of each file first; for work on the parser");
-    app.add_option("FILE", options.files, "Source files; - is standard input")
+    app.add_option("FILE", options.files,
+                   "Source files, and folders of *.ost files; - is standard input")
         ->required()
         ->type_name("");
     try {

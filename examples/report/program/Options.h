@@ -3,6 +3,7 @@
 #include "report/model/Remark.h"
 #include "terminal/ColorChoice.h"
 
+#include <cstddef>
 #include <optional>
 #include <set>
 #include <string>
@@ -18,8 +19,9 @@ struct Options {
     ColorChoice color = ColorChoice::Auto;
     RemarkCodes failOn;       ///< The remarks that make the program fail.
     bool isQuiet = false;     ///< Whether the text has errors and remarks only.
+    std::size_t jobs = 0;     ///< Files at once; 0 for one for each processor.
     bool checksTrees = false; ///< Whether the front end's trees are checked before they are used.
-    std::vector<std::string> files; ///< At least one; `-` is standard input.
+    std::vector<std::string> files; ///< At least one; `-` is standard input, a folder its files.
 };
 
 /// The options, or the exit status if the program is already done.

@@ -16,12 +16,13 @@ constexpr const char* ERASE_LINE = "\r\x1b[K";
 
 } // namespace
 
-Progress::Progress(std::size_t fileCount)
-    : count(fileCount), isWanted(fileCount > 1 && isTerminal(stderr)) {}
+Progress::Progress(std::size_t fileCount, bool wanted)
+    : count(fileCount), isWanted(wanted && fileCount > 1 && isTerminal(stderr)) {}
 
 void Progress::next(const std::string& path) {
-    ++started;
     if (!isWanted) return;
+    const std::lock_guard<std::mutex> lock(mutex);
+    ++started;
     const Clock::time_point now = Clock::now();
     if (now - lastShown < (isShown ? NEXT_AFTER : FIRST_AFTER)) return;
     std::string line = "file " + std::to_string(started) + " of " + std::to_string(count) + ": ";
@@ -33,7 +34,19 @@ void Progress::next(const std::string& path) {
     lastShown = now;
 }
 
+void Progress::write(const std::string& messages) {
+    if (messages.empty()) return;
+    const std::lock_guard<std::mutex> lock(mutex);
+    eraseLocked();
+    std::cerr << messages << std::flush;
+}
+
 void Progress::erase() {
+    const std::lock_guard<std::mutex> lock(mutex);
+    eraseLocked();
+}
+
+void Progress::eraseLocked() {
     if (isShown) std::cerr << ERASE_LINE << std::flush;
     isShown = false;
 }

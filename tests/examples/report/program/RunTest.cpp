@@ -88,6 +88,9 @@ TEST(OrvexReport, WrongUsageExitsWith2AndAMessage) {
         {"--output", "", good},
         {"--unknown", good},
         {"--format", "json"},
+        {"--jobs", "-1", good},
+        {"--jobs", "1025", good},
+        {"--jobs", "two", good},
     };
     for (const std::vector<std::string>& arguments : wrong) {
         const Outcome outcome = runReport(arguments);
@@ -106,12 +109,33 @@ TEST(OrvexReport, MissingFileExitsWith2AndTheOthersAreReported) {
     EXPECT_THAT(outcome.output, HasSubstr("bad.ost:2:1: parfor over k"));
 }
 
-TEST(OrvexReport, FolderExitsWith2) {
+TEST(OrvexReport, FolderStandsForItsFiles) {
     const ScratchFolder scratch;
+    std::filesystem::create_directory(scratch.path("sub"));
+    scratch.file("b.ost", GOOD);
+    scratch.file("sub/a.ost", BAD);
+    const Outcome outcome = runReport({scratch.path("")});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.errors, "");
+    EXPECT_EQ(outcome.output, runReport({scratch.path("b.ost"), scratch.path("sub/a.ost")}).output);
+}
+
+TEST(OrvexReport, FolderWithoutFilesExitsWith0AndAMessage) {
+    const ScratchFolder scratch;
+    scratch.file("a.txt", BAD);
     const Outcome outcome = runReport({"--format", "json", scratch.path("")});
-    EXPECT_EQ(outcome.status, 2);
-    EXPECT_THAT(outcome.errors, HasSubstr("Is a directory"));
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.errors, "orvex-report: no .ost file in '" + scratch.path("") + "'\n");
     EXPECT_EQ(Json::parse(outcome.output)["files"], Json::array());
+}
+
+TEST(OrvexReport, FileThatCannotBeReadIsListedWithTheReason) {
+    const ScratchFolder scratch;
+    const Outcome outcome = runReport({"--format", "json", scratch.path("none.ost")});
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(Json::parse(outcome.output)["files"],
+              (Json::array({{{"path", scratch.path("none.ost")},
+                             {"failure", "No such file or directory"}}})));
 }
 
 TEST(OrvexReport, UnreadableFileExitsWith2) {
