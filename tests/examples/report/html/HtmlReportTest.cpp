@@ -1,12 +1,13 @@
 #include "report/html/HtmlReport.h"
 
-#include "ReportOf.h"
+#include "PageOf.h"
+
+#include "report/html/RoleMarks.h"
 
 #include <gmock/gmock.h>
 
-#include <sstream>
+#include <set>
 #include <string>
-#include <string_view>
 
 namespace ostrel::report::testing {
 
@@ -15,20 +16,11 @@ namespace {
 using ::testing::HasSubstr;
 using ::testing::Not;
 
-std::string pageOf(std::string_view source, const std::string& path = "test.ost") {
-    Report report;
-    report.files.push_back(reportOf(source));
-    report.files.back().path = path;
-    std::ostringstream out;
-    writeHtmlReport(out, report);
-    return out.str();
-}
-
-std::size_t count(const std::string& page, std::string_view what) {
-    std::size_t found = 0;
-    for (std::size_t at = page.find(what); at != std::string::npos; at = page.find(what, at + 1))
-        ++found;
-    return found;
+std::string repeat(const std::string& piece, std::size_t times) {
+    std::string text;
+    for (std::size_t i = 0; i < times; ++i)
+        text += piece;
+    return text;
 }
 
 } // namespace
@@ -38,83 +30,85 @@ TEST(HtmlReport, IsSelfContained) {
     EXPECT_THAT(page, Not(HasSubstr("http:")));
     EXPECT_THAT(page, Not(HasSubstr("https:")));
     EXPECT_THAT(page, Not(HasSubstr("src=")));
+    EXPECT_THAT(page, Not(HasSubstr("url(")));
     EXPECT_THAT(page, Not(HasSubstr("@import")));
+    EXPECT_EQ(count(page, "<link "), 1u) << "the empty icon";
 }
 
-TEST(HtmlReport, MarkupInPathsTextsAndCommentsIsHarmless) {
-    const std::string page =
-        pageOf("x = '<script>alert(1)</script>'; % <b> & \"c\"\n", "<script>a</script>.ost");
+TEST(HtmlReport, NoMarkerOfThePageIsLeft) {
+    const std::string page = pageOf("");
+    for (const char* const marker : {"<!--", "STYLE", "SCRIPT", "LETTERS"})
+        EXPECT_THAT(page, Not(HasSubstr(marker)));
+}
+
+TEST(HtmlReport, EachRoleHasALetterOfItsOwn) {
+    std::set<char> letters;
+    for (const RoleMark& mark : roleMarks())
+        letters.insert(mark.letter);
+    EXPECT_EQ(letters.size(), roleMarks().size());
+    EXPECT_THAT(pageOf(""), HasSubstr(".role-shared { --letter: \"H\"; }"));
+    EXPECT_THAT(pageOf(""), HasSubstr("<li><span class=\"letter role-shared\">H</span>"));
+}
+
+TEST(HtmlReport, MarkupInPathsTextsCommentsAndErrorsIsHarmless) {
+    const std::string page = pageOf("x = '<script>alert(1)</script>'; % <b> & \"c\"\ny = <script>;",
+                                    "<script>a</script>.ost");
     EXPECT_EQ(count(page, "<script>"), 1u) << "the page's own";
     EXPECT_THAT(page, HasSubstr("&lt;script&gt;alert(1)&lt;/script&gt;"));
-    EXPECT_THAT(page, HasSubstr("<h2>&lt;script&gt;a&lt;/script&gt;.ost</h2>"));
-    EXPECT_THAT(page, HasSubstr("% &lt;b&gt; &amp; &quot;c&quot;"));
+    EXPECT_THAT(page, HasSubstr(">&lt;script&gt;a&lt;/script&gt;.ost</h2>"));
 }
 
-TEST(HtmlReport, MarkupInAnErrorIsHarmless) {
-    EXPECT_EQ(count(pageOf("x = <script>;\n"), "<script>"), 1u);
+TEST(HtmlReport, PathHasBoxesForWhatCannotBeShown) {
+    const std::string page = pageOf("", "a\xD8\x9C\x1b\xFF.ost");
+    EXPECT_THAT(page, HasSubstr(">U+061C</span>"));
+    EXPECT_THAT(page, HasSubstr(">U+001B</span>"));
+    EXPECT_THAT(page, HasSubstr("title=\"a byte that is not UTF-8\">"));
 }
 
-TEST(HtmlReport, EveryPlaceOfAVariableHasItsKey) {
-    const std::string page = pageOf("parfor k = 1:3\n  x = k;\n  y(k) = x + x;\nend\n");
-    // The row and the places: k three times, x three times, y once.
-    EXPECT_EQ(count(page, "data-keys=\"v0-0-0\"") + count(page, "data-keys=\"v0-0-1\"") +
-                  count(page, "data-keys=\"v0-0-2\""),
-              3u + 3u + 3u + 1u);
-    EXPECT_EQ(count(page, "class=\"variable role-temporary\""), 3u);
-    EXPECT_EQ(count(page, "class=\"variable role-loop\""), 3u);
-    EXPECT_EQ(count(page, "class=\"variable role-sliced\""), 1u);
+TEST(HtmlReport, FileWithoutConstructsAndEmptyFileHaveSections) {
+    EXPECT_THAT(pageOf("x = 1;\n"), HasSubstr("No parfor or spmd statement, 0 errors, 0 remarks"));
+    EXPECT_THAT(pageOf(""), HasSubstr("No parfor or spmd statement, 0 errors, 0 remarks"));
 }
 
-TEST(HtmlReport, PlaceInNestedConstructsHasBothKeysAndTheInnerLook) {
+TEST(HtmlReport, FileThatCouldNotBeReadHasASectionWithItsFailure) {
+    File file;
+    file.path = "gone.ost";
+    file.failure = "no such file";
+    EXPECT_THAT(pageOf(std::move(file)),
+                HasSubstr("<p class=\"failure\">Could not be read: no such file</p>"));
+}
+
+TEST(HtmlReport, ErrorIsListedWithItsHelp) {
+    File file = reportOf("x = 1;\ny = (;\n");
+    file.diagnostics.at(0).help = "close it";
+    const std::string page = pageOf(std::move(file));
+    EXPECT_THAT(page, HasSubstr("<li class=\"error\"><a href=\"#f0L2\" data-at=\"2:"));
+    EXPECT_THAT(page, HasSubstr("<p class=\"help\"><b>help:</b> close it</p></li>"));
+}
+
+TEST(HtmlReport, ConstructsThatShareALineShareAGroup) {
+    const std::string page = pageOf("spmd\nend; spmd\nend\nspmd\n  spmd, end\nend\n");
+    EXPECT_EQ(count(page, "<div class=\"group\">"), 2u);
+    EXPECT_EQ(count(page, "<section class=\"card\""), 4u);
+}
+
+TEST(HtmlReport, EachLineIsThereOnce) {
     const std::string page =
-        pageOf("parfor i = 1:3\n  a = i;\n  parfor j = 1:2\n    b = a;\n  end\nend\n");
-    EXPECT_THAT(page, HasSubstr("class=\"variable role-outside\" data-letter=\"R\" "
-                                "data-keys=\"v0-1-"));
-    EXPECT_EQ(count(page, "<tr tabindex"), 4u + 3u)
-        << "i, a, j, b of the outer; j, b, a of the inner";
+        pageOf("a = 1;\nspmd, end\nb = 2;\nspmd\nend\nparfor k = 1:2, spmd\n end, end\n% end");
+    EXPECT_EQ(count(page, "<div class=\"line\""), 8u);
+    for (const char* const id : {"f0L1", "f0L2", "f0L3", "f0L4", "f0L5", "f0L6", "f0L7", "f0L8"})
+        EXPECT_EQ(count(page, std::string("id=\"") + id + "\""), 1u) << id;
 }
 
-TEST(HtmlReport, CarriedVariableShowsItsReadAndItsWrite) {
-    const std::string page = pageOf("s = 0;\nparfor k = 1:3\n  s = s / k;\nend\n");
-    EXPECT_THAT(page, HasSubstr("read first <a href=\"#f0L3\">3:7</a><br>carried by "
-                                "<a href=\"#f0L3\">3:3</a>"));
-}
-
-TEST(HtmlReport, KeywordsTextsAndCommentsAreMarked) {
-    const std::string page = pageOf("if x, show('a'); end % why\nturn don't 1\n");
-    EXPECT_THAT(page, HasSubstr("<span class=\"keyword\">if</span>"));
-    EXPECT_THAT(page, HasSubstr("<span class=\"text\">&#39;a&#39;</span>"));
-    EXPECT_THAT(page, HasSubstr("<span class=\"comment\">% why</span>"));
-}
-
-TEST(HtmlReport, BlockCommentIsMarkedOnEachOfItsLines) {
-    const std::string page = pageOf("%{\n one\n two\n%}\nx = 1;\n");
-    EXPECT_EQ(count(page, "<span class=\"comment\">"), 4u);
-}
-
-TEST(HtmlReport, CharactersThatChangeTheDirectionAreBoxedNames) {
-    const std::string page = pageOf("% \xE2\x80\xAE\nx = \xE2\x81\xA6;\n", "a\xD8\x9C.ost");
-    EXPECT_THAT(page, HasSubstr("% <span class=\"letter error\" title=\"changes the direction of "
-                                "writing\">U+202E</span>"));
-    EXPECT_THAT(page, HasSubstr(">U+061C</span>.ost</h2>"));
-    EXPECT_EQ(count(page, ">U+2066</span>"), 1u) << "in the source";
-    EXPECT_THAT(page, HasSubstr("found &#39;\xEF\xBF\xBD&#39;")) << "in the error";
-    EXPECT_EQ(count(page, "\xE2\x80\xAE") + count(page, "\xE2\x81\xA6"), 0u);
-}
-
-TEST(HtmlReport, ByteOfAPathThatIsNotUtf8IsABoxedReplacementCharacter) {
-    EXPECT_THAT(pageOf("", "a\xFF\xC3.ost"),
-                HasSubstr("<h2>a<span class=\"letter error\" title=\"a byte that is not UTF-8\">"
-                          "\xEF\xBF\xBD</span><span"));
-}
-
-TEST(HtmlReport, FileWithoutConstructsAndEmptyFileHavePages) {
-    EXPECT_THAT(pageOf("x = 1;\n"), HasSubstr("No parfor or spmd statement."));
-    EXPECT_THAT(pageOf(""), HasSubstr("No parfor or spmd statement."));
-}
-
-TEST(HtmlReport, ErrorLinksToItsLine) {
-    EXPECT_THAT(pageOf("x = 1;\ny = (;\n"), HasSubstr("<li class=\"error\"><a href=\"#f0L2\">2:"));
+TEST(HtmlReport, FilesAfterThousandsOfLinesAreKeptAsText) {
+    Report report;
+    report.files.push_back(reportOf(repeat("x = 1;\n", 5000)));
+    report.files.push_back(reportOf("y = '</script><!-- <script>';\n"));
+    report.files.push_back(reportOf("z = 1;\n"));
+    const std::string page = pageOf(report);
+    EXPECT_EQ(count(page, "<script type=\"text/plain\">"), 2u);
+    EXPECT_EQ(count(page, "</script>"), 3u) << "two files, and the page's own script";
+    EXPECT_EQ(count(page, "<!--"), 0u);
 }
 
 } // namespace ostrel::report::testing

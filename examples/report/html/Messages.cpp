@@ -1,0 +1,80 @@
+#include "report/html/Messages.h"
+
+#include "report/html/Escape.h"
+#include "report/html/Links.h"
+
+#include <algorithm>
+#include <ostream>
+
+namespace ostrel::report {
+
+namespace {
+
+const char* wordOf(Severity severity) { return severity == Severity::Error ? "error" : "warning"; }
+
+/// `remark: message [code]`.
+std::string sentenceOf(const Remark& remark) {
+    return "<b>remark:</b> " + escaped(remark.message) + " <code>[" + escaped(nameOf(remark.code)) +
+           "]</code>";
+}
+
+std::string sentenceOf(const Diagnostic& diagnostic) {
+    return std::string("<b>") + wordOf(diagnostic.severity) + ":</b> " +
+           escaped(diagnostic.message);
+}
+
+std::string helpOf(const std::string& help) {
+    return help.empty() ? "" : "<p class=\"help\"><b>help:</b> " + escaped(help) + "</p>";
+}
+
+void writeItem(std::ostream& out, const Diagnostic& diagnostic, std::size_t file) {
+    out << "<li class=\"error\">" << linkTo(file, diagnostic.place) << ' ' << sentenceOf(diagnostic)
+        << helpOf(diagnostic.help) << "</li>\n";
+}
+
+/// The steps are numbered from `first`, since all paths of a remark are shown together.
+void writePath(std::ostream& out, const Path& path, std::size_t file, std::size_t first) {
+    out << "<ol class=\"path\" start=\"" << first << "\" hidden>";
+    for (const Step& step : path)
+        out << "<li>" << linkTo(file, step.place, escaped(step.note)) << "</li>";
+    out << "</ol>";
+}
+
+} // namespace
+
+void writeBelowLine(std::ostream& out, const Diagnostic& diagnostic) {
+    out << "<div class=\"below error\">" << sentenceOf(diagnostic) << "</div>";
+}
+
+void writeBelowLine(std::ostream& out, const Remark& remark, const std::string& id) {
+    out << "<button type=\"button\" class=\"below remark\" aria-pressed=\"false\" data-remark=\""
+        << id << "\">" << sentenceOf(remark) << "</button>";
+}
+
+void writeFileMessages(std::ostream& out, const File& file, std::size_t number) {
+    const bool hasOwnRemarks = std::any_of(file.remarks.begin(), file.remarks.end(),
+                                           [](const Remark& remark) { return !remark.construct; });
+    if (file.diagnostics.empty() && !hasOwnRemarks) return;
+    out << "<ul class=\"messages\">\n";
+    for (const Diagnostic& diagnostic : file.diagnostics)
+        writeItem(out, diagnostic, number);
+    for (std::size_t i = 0; i < file.remarks.size(); ++i) {
+        if (!file.remarks[i].construct) writeItem(out, file.remarks[i], number, i);
+    }
+    out << "</ul>\n";
+}
+
+void writeItem(std::ostream& out, const Remark& remark, std::size_t file, std::size_t index) {
+    const std::string id = remarkId(file, index);
+    out << "<li class=\"remark\" id=\"" << id << "\">" << linkTo(file, remark.place)
+        << " <button type=\"button\" class=\"show\" aria-pressed=\"false\" data-remark=\"" << id
+        << "\">" << sentenceOf(remark) << "</button>" << helpOf(remark.help);
+    std::size_t steps = 0;
+    for (const Path& path : remark.paths) {
+        writePath(out, path, file, steps + 1);
+        steps += path.size();
+    }
+    out << "</li>\n";
+}
+
+} // namespace ostrel::report

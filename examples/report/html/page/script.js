@@ -1,0 +1,350 @@
+"use strict";
+(function () {
+  const byId = (id) => document.getElementById(id);
+  const index = byId("index");
+  document.querySelector("main").before(index); // it is written last, when the totals are known
+
+  // Files that are kept as text -----------------------------------------------------------------
+
+  function open(file) {
+    const kept = file.querySelector(":scope > script");
+    if (!kept) return;
+    kept.insertAdjacentHTML("afterend", kept.textContent);
+    kept.remove();
+  }
+
+  document.addEventListener("contentvisibilityautostatechange", function (event) {
+    if (!event.skipped && event.target.classList.contains("file")) open(event.target);
+  });
+  window.addEventListener("beforeprint", function () {
+    for (const file of document.querySelectorAll("section.file:not([hidden])")) open(file);
+  });
+
+  /** Opens the file that a link leads to, whose line exists only after that. */
+  function openTarget() {
+    const name = /^#(f\d+)([Lcr]\d+)?$/.exec(location.hash);
+    const file = name && byId(name[1]);
+    if (!file) return;
+    file.hidden = false;
+    const isNew = Boolean(file.querySelector(":scope > script"));
+    open(file);
+    const target = byId(location.hash.slice(1));
+    if (isNew && target) target.scrollIntoView();
+  }
+  window.addEventListener("hashchange", openTarget);
+  openTarget();
+
+  // The filter ----------------------------------------------------------------------------------
+
+  let rows = null; // each with its file and what the filter looks at, from the first use on
+
+  function findRows() {
+    const files = document.querySelectorAll("section.file");
+    return Array.from(byId("files").rows, (row, i) => ({
+      row, file: files[i], name: row.cells[0].textContent.toLowerCase(),
+      words: row.dataset.has.split(" "),
+    }));
+  }
+
+  function filter() {
+    rows = rows || findRows();
+    const name = byId("filter-name").value.toLowerCase();
+    const word = byId("filter-word").value;
+    let shown = 0;
+    for (const each of rows) {
+      const isShown = each.name.includes(name) && (word === "" || each.words.includes(word));
+      if (each.row.hidden === isShown) each.row.hidden = each.file.hidden = !isShown;
+      if (isShown) shown += 1;
+    }
+    byId("filter-count").textContent =
+      (shown === rows.length ? "" : shown + " of ") + rows.length + " files";
+  }
+
+  if (byId("filter-name")) {
+    byId("filter-name").addEventListener("input", filter);
+    byId("filter-word").addEventListener("change", filter);
+    index.querySelector("form").addEventListener("submit", (event) => event.preventDefault());
+  }
+
+  // Places --------------------------------------------------------------------------------------
+
+  /** The line and columns of a link's `data-at`. A place of several lines ends with its first. */
+  function placeOf(link) {
+    const [line, column, endLine, endColumn] = link.dataset.at.split(/[-:]/).map(Number);
+    const file = link.getAttribute("href").slice(1).replace(/L.*/, "");
+    return { line: byId(file + "L" + line), column, end: endLine > line ? Infinity : endColumn };
+  }
+
+  /** Calls `visit` with each text and boxed character of a line and its column, until it says stop. */
+  function walk(line, visit) {
+    const texts = document.createTreeWalker(line, NodeFilter.SHOW_TEXT);
+    let column = 1;
+    while (texts.nextNode()) {
+      const node = texts.currentNode;
+      if (node.parentNode.className === "step-number") continue;
+      const isBox = node.parentNode.className === "boxed";
+      const length = isBox ? 1 : Array.from(node.data).length;
+      visit(node, column, length, isBox);
+      column += length;
+    }
+  }
+
+  /** The offset in units of the code point with that number. */
+  function unitsOf(text, points) {
+    return Array.from(text).slice(0, Math.max(points, 0)).join("").length;
+  }
+
+  /** Wraps a place in marks, one for each of its texts, and puts its number before it. */
+  function markStep(place, number) {
+    const pieces = [];
+    walk(place.line, function (node, column, length, isBox) {
+      const from = Math.max(place.column - column, 0);
+      const to = Math.min(place.end - column, length);
+      if (from < to) pieces.push({ node, from, to, isBox });
+    });
+    const made = pieces.map(function ({ node, from, to, isBox }) {
+      const range = document.createRange();
+      if (isBox) {
+        range.selectNode(node.parentNode);
+      } else {
+        range.setStart(node, unitsOf(node.data, from));
+        range.setEnd(node, unitsOf(node.data, to));
+      }
+      const mark = document.createElement("mark");
+      mark.className = "step";
+      range.surroundContents(mark);
+      return mark;
+    });
+    const chip = document.createElement("span");
+    chip.className = "step-number";
+    chip.textContent = number;
+    if (made.length > 0) made[0].before(chip);
+    else place.line.append(chip); // a place without length, at the end of its line
+    return chip;
+  }
+
+  function unmarkSteps() {
+    for (const chip of document.querySelectorAll(".step-number")) chip.remove();
+    for (const mark of document.querySelectorAll("mark.step")) {
+      const parent = mark.parentNode;
+      mark.replaceWith(...mark.childNodes);
+      parent.normalize();
+    }
+  }
+
+  // Paths ---------------------------------------------------------------------------------------
+
+  const panel = byId("path");
+  let pressed = null; // what the shown path belongs to
+
+  /** The lists of a remark's steps; if it has none, its place. */
+  function stepsOfRemark(id) {
+    const item = byId(id);
+    const paths = item.querySelectorAll("ol.path");
+    if (paths.length > 0) return Array.from(paths, (path) => Array.from(path.querySelectorAll("a")));
+    return [[item.querySelector("a[data-at]")]];
+  }
+
+  function listOf(links, first) {
+    const list = document.createElement("ol");
+    list.start = first;
+    for (const { link, note } of links) {
+      const item = document.createElement("li");
+      const copy = link.cloneNode(false);
+      copy.textContent = note;
+      copy.removeAttribute("tabindex");
+      item.append(copy);
+      list.append(item);
+    }
+    return list;
+  }
+
+  /** What a button shows: a title, and lists of links with their notes. */
+  function contentOf(button) {
+    if (button.dataset.remark) {
+      const item = byId(button.dataset.remark);
+      const title = item.querySelector(".show").textContent;
+      return { title, paths: stepsOfRemark(button.dataset.remark).map((links) => links.map(
+        (link) => ({ link, note: link.closest(".path") ? link.textContent : title }))) };
+    }
+    const row = button.closest("tr");
+    const words = ["first read here", "last written here"];
+    const places = [2, 3].map((cell, i) => {
+      const link = row.cells[cell].querySelector("a");
+      const isPart = row.cells[cell].textContent.includes("in part");
+      return { link, note: isPart ? "first written in part here" : words[i] };
+    });
+    return { title: row.dataset.name + ": " + button.textContent,
+             paths: [places.filter((place) => place.link)] };
+  }
+
+  function hidePath() {
+    if (!pressed) return;
+    unmarkSteps();
+    setPressed(false);
+    pressed = null;
+    panel.hidden = true;
+    document.documentElement.style.removeProperty("--path-height");
+  }
+
+  /** All buttons that stand for the same remark are pressed together. */
+  function setPressed(isPressed) {
+    const name = pressed.dataset.remark;
+    const same = name ? pressed.closest(".file").querySelectorAll(`[data-remark="${name}"]`) : [pressed];
+    for (const button of same) button.setAttribute("aria-pressed", String(isPressed));
+  }
+
+  function showPath(button) {
+    const wasShown = button.getAttribute("aria-pressed") === "true";
+    hidePath();
+    if (wasShown) return;
+    const { title, paths } = contentOf(button);
+    pressed = button;
+    setPressed(true);
+    const chips = [];
+    const lists = [];
+    for (const path of paths) {
+      lists.push(listOf(path, chips.length + 1));
+      for (const { link } of path) chips.push(markStep(placeOf(link), chips.length + 1));
+    }
+    byId("path-title").textContent = title;
+    byId("path-steps").replaceChildren(...lists);
+    panel.hidden = false;
+    document.documentElement.style.setProperty("--path-height", panel.offsetHeight + "px");
+    if (chips.length > 0) chips[0].scrollIntoView({ block: "nearest" });
+  }
+
+  byId("path-close").addEventListener("click", function () {
+    const button = pressed;
+    hidePath();
+    if (button) button.focus();
+  });
+
+  // The places of a variable --------------------------------------------------------------------
+
+  let chosen = null; // its row
+
+  function choose(row) {
+    const before = chosen;
+    if (before) showPlaces(before, false);
+    chosen = row === before ? null : row;
+    if (chosen) showPlaces(chosen, true);
+  }
+
+  function showPlaces(row, isOn) {
+    const key = row.dataset.keys;
+    for (const place of row.closest(".file").querySelectorAll(`.variable[data-keys~="${key}"]`))
+      place.classList.toggle("marked", isOn);
+    row.setAttribute("aria-selected", String(isOn));
+  }
+
+  /** The row of a variable in the innermost construct that has the place. */
+  function rowOf(place) {
+    const key = place.dataset.keys.split(" ")[0];
+    return place.closest(".group").querySelector(`tr[data-keys="${key}"]`);
+  }
+
+  document.addEventListener("mouseover", function (event) {
+    const place = event.target.closest(".variable");
+    if (!place || place.title) return;
+    const row = rowOf(place);
+    place.title = row.dataset.name + ": " + row.querySelector(".name").textContent;
+  });
+
+  document.addEventListener("click", function (event) {
+    if (event.target.closest("a, input, label")) return;
+    const button = event.target.closest(".reason, .show, .below.remark");
+    if (button) return showPath(button);
+    const place = event.target.closest(".variable");
+    const row = place ? rowOf(place) : event.target.closest("[role=grid] tbody tr");
+    if (row) choose(row);
+  });
+
+  // The keyboard --------------------------------------------------------------------------------
+
+  /** What the left and right arrow keys reach in a row: itself, its reason, its places. */
+  function stopsOf(row) {
+    return [row, ...row.querySelectorAll("button, a")];
+  }
+
+  function moveFocus(from, to) {
+    from.tabIndex = -1;
+    to.tabIndex = 0;
+    to.focus();
+  }
+
+  const KEYS = {
+    ArrowDown: (all, row, stop) => stopsOf(all[row + 1] || all[row])[stop] || all[row + 1],
+    ArrowUp: (all, row, stop) => stopsOf(all[row - 1] || all[row])[stop] || all[row - 1],
+    ArrowRight: (all, row, stop) => stopsOf(all[row])[stop + 1],
+    ArrowLeft: (all, row, stop) => stopsOf(all[row])[stop - 1],
+    Home: (all) => all[0],
+    End: (all) => all[all.length - 1],
+  };
+
+  function moveInGrid(event, row) {
+    const all = Array.from(row.parentNode.rows);
+    const current = event.target;
+    const next = KEYS[event.key](all, all.indexOf(row), stopsOf(row).indexOf(current));
+    event.preventDefault();
+    if (next && next !== current) moveFocus(current, next);
+  }
+
+  document.addEventListener("keydown", function (event) {
+    if (event.key === "Escape") {
+      hidePath();
+      if (chosen) choose(chosen);
+      return;
+    }
+    const row = event.target.closest("[role=grid] tbody tr");
+    if (!row) return;
+    if (Object.hasOwn(KEYS, event.key)) {
+      moveInGrid(event, row);
+    } else if (event.target === row && (event.key === "Enter" || event.key === " ")) {
+      event.preventDefault();
+      choose(row);
+    }
+  });
+
+  /** A click with the mouse moves the one tab stop of a grid, too. */
+  document.addEventListener("focusin", function (event) {
+    const row = event.target.closest("[role=grid] tbody tr");
+    if (!row || event.target.tabIndex === 0) return;
+    const stop = row.parentNode.querySelector("[tabindex='0']");
+    if (stop) stop.tabIndex = -1;
+    event.target.tabIndex = 0;
+  });
+
+  byId("letters").addEventListener("change", function (event) {
+    document.body.classList.toggle("letters", event.target.checked);
+  });
+
+  // Cards that don't fit into the window together -----------------------------------------------
+
+  /** Scrolls the cards to that of the innermost construct at a line in the upper half. */
+  function follow() {
+    const source = document.querySelector("main").getBoundingClientRect();
+    const at = document.elementFromPoint(source.left + 40, window.innerHeight / 3);
+    const group = at && at.closest(".group");
+    const cards = group && group.querySelector(".cards");
+    if (!cards || cards.scrollHeight <= cards.clientHeight + 1) return;
+    const line = Number((at.closest(".line") || group.querySelector(".line")).id.replace(/.*L/, ""));
+    let innermost = cards.firstElementChild;
+    for (const card of cards.children) {
+      if (card.dataset.first <= line && line <= card.dataset.last) innermost = card;
+    }
+    if (cards.dataset.shown === innermost.id) return;
+    cards.dataset.shown = innermost.id;
+    cards.scrollTop = innermost.offsetTop - cards.firstElementChild.offsetTop;
+  }
+
+  let isFollowing = false;
+  window.addEventListener("scroll", function () {
+    if (isFollowing) return;
+    isFollowing = true;
+    requestAnimationFrame(function () {
+      isFollowing = false;
+      follow();
+    });
+  }, { passive: true });
+})();
