@@ -41,8 +41,9 @@ void Cards::writeHeading(std::size_t construct) {
     if (!scope.empty()) out << ", in <code>" << escaped(scope) << "</code>";
     if (shown.enclosing) {
         const Construct& outer = file.constructs[*shown.enclosing];
-        out << ", inside the <a href=\"#" << cardId(number, *shown.enclosing) << "\">"
-            << keywordOf(outer.kind) << " on line " << outer.keyword.line << "</a>";
+        const std::string text =
+            std::string(keywordOf(outer.kind)) + " on line " + std::to_string(outer.keyword.line);
+        out << ", inside the " << linkTo(number, outer.keyword, text);
     }
     out << "</h3>\n";
 }

@@ -54,10 +54,10 @@ public:
 
     void write(const File& file) override {
         index.add(file);
-        const std::string id = fileId(number);
-        out << "<section class=\"file\" id=\"" << id << "\" aria-labelledby=\"" << id
-            << "h\" style=\"--lines:" << file.source.lineCount() << "\">\n<h2 id=\"" << id << "h\">"
-            << escaped(file.path) << "</h2>\n";
+        // The heading can't name the section: browsers leave it out while it is out of view.
+        out << "<section class=\"file\" id=\"" << fileId(number) << "\" aria-label=\""
+            << escapedValue(file.path) << "\" style=\"--lines:" << file.source.lineCount()
+            << "\">\n<h2>" << escaped(file.path) << "</h2>\n";
         if (file.failure.empty())
             writeContent(file);
         else

@@ -112,6 +112,7 @@
       }
       const mark = document.createElement("mark");
       mark.className = "step";
+      mark.dataset.step = number;
       range.surroundContents(mark);
       return mark;
     });
@@ -321,30 +322,49 @@
 
   // Cards that don't fit into the window together -----------------------------------------------
 
-  /** Scrolls the cards to that of the innermost construct at a line in the upper half. */
-  function follow() {
-    const source = document.querySelector("main").getBoundingClientRect();
-    const at = document.elementFromPoint(source.left + 40, window.innerHeight / 3);
-    const group = at && at.closest(".group");
-    const cards = group && group.querySelector(".cards");
-    if (!cards || cards.scrollHeight <= cards.clientHeight + 1) return;
-    const line = Number((at.closest(".line") || group.querySelector(".line")).id.replace(/.*L/, ""));
-    let innermost = cards.firstElementChild;
-    for (const card of cards.children) {
-      if (card.dataset.first <= line && line <= card.dataset.last) innermost = card;
-    }
-    if (cards.dataset.shown === innermost.id) return;
-    cards.dataset.shown = innermost.id;
-    cards.scrollTop = innermost.offsetTop - cards.firstElementChild.offsetTop;
+  /** Whether one of the lines of a card's construct is in the window. */
+  function isInView(card) {
+    const lines = card.id.replace(/c.*/, "L");
+    const first = byId(lines + card.dataset.first).getBoundingClientRect();
+    const last = byId(lines + card.dataset.last).getBoundingClientRect();
+    return first.top < window.innerHeight && last.bottom > 0;
   }
 
-  let isFollowing = false;
-  window.addEventListener("scroll", function () {
-    if (isFollowing) return;
-    isFollowing = true;
-    requestAnimationFrame(function () {
-      isFollowing = false;
-      follow();
+  /** If the cards of a group don't fit, those of the constructs in view share the room. */
+  function share(group) {
+    const cards = group.querySelector(".cards");
+    if (cards.scrollHeight > cards.clientHeight + 1) cards.classList.add("crowded");
+    if (!cards.classList.contains("crowded")) return;
+    for (const card of cards.children)
+      card.classList.toggle("away", !isInView(card) && !card.contains(document.activeElement));
+  }
+
+  /** Cards that don't fit are as high as the window, so three points find all their groups. */
+  function shareAll() {
+    const left = document.querySelector("main").getBoundingClientRect().left + 40;
+    const groups = [0.05, 0.5, 0.95].map(function (part) {
+      const at = document.elementFromPoint(left, window.innerHeight * part);
+      return at && at.closest(".group");
     });
-  }, { passive: true });
+    for (const group of new Set(groups)) {
+      if (group) share(group);
+    }
+  }
+
+  let isDue = false;
+  function shareSoon() {
+    if (isDue) return;
+    isDue = true;
+    requestAnimationFrame(function () {
+      isDue = false;
+      shareAll();
+    });
+  }
+  window.addEventListener("scroll", shareSoon, { passive: true });
+  window.addEventListener("resize", function () {
+    for (const cards of document.querySelectorAll(".crowded")) cards.classList.remove("crowded");
+    for (const card of document.querySelectorAll(".away")) card.classList.remove("away");
+    shareSoon();
+  });
+  shareSoon();
 })();

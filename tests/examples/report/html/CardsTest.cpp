@@ -37,9 +37,10 @@ const char* const SUM = "parfor k = 1:3\n  s = sum + k;\n  sum = k;\nend\n";
 
 TEST(Cards, HeadingNamesTheStatementItsPlaceAndTheOneAroundIt) {
     const File file = reportOf("function f\nspmd\n  parfor k = 1:2, x = k; end\nend\nend\n");
-    EXPECT_THAT(cardOf(file, 1), HasSubstr("<code>parfor k</code>, <a href=\"#f0L3\" "
-                                           "data-at=\"3:3-3:9\">3:3</a>, in <code>f</code>, inside "
-                                           "the <a href=\"#f0c0\">spmd on line 2</a></h3>"));
+    EXPECT_THAT(cardOf(file, 1),
+                HasSubstr("<code>parfor k</code>, <a href=\"#f0L3\" "
+                          "data-at=\"3:3-3:9\">3:3</a>, in <code>f</code>, inside "
+                          "the <a href=\"#f0L2\" data-at=\"2:1-2:5\">spmd on line 2</a></h3>"));
 }
 
 TEST(Cards, ReadAndWrittenColumnsLinkToThePlaces) {

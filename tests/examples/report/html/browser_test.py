@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Opens the page of a report in a real browser and uses it as a person would.
 
-usage: browser_test.py ORVEX_REPORT PROGRAMS_FOLDER [SCREENSHOT_FOLDER]
+usage: browser_test.py ORVEX_REPORT REPORT_SAMPLE_PAGE PROGRAMS_FOLDER
 
 Exit status: 0 if all claims hold, 1 if not, 77 if no browser can be driven here.
 """
@@ -13,161 +13,150 @@ import subprocess
 import sys
 import tempfile
 
-SKIPPED = 77
-
-try:
-    from selenium import webdriver
-    from selenium.common.exceptions import WebDriverException
-    from selenium.webdriver.chrome.options import Options
-    from selenium.webdriver.chrome.service import Service
-    from selenium.webdriver.common.by import By
-    from selenium.webdriver.common.keys import Keys
-except ImportError:
-    print("python3-selenium is not installed")
-    sys.exit(SKIPPED)
+from page_browser import (SKIPPED, WebDriverException, check, check_quiet, count, failures,
+                          open_browser, set_scheme)
+from page_claims import check_many, check_sample
+from page_contrast import check_contrast
 
 # What the letter of a role says about the sets in the library's answers.
-READ_FIRST = {"C", "R", "U"}
 WRITTEN_FIRST = {"T", "O"}
 
-failures = []
+CARDS = """
+return Array.from(document.querySelectorAll(".card"), (card) => Array.from(
+  card.querySelectorAll("tbody tr"), (row) => ({
+    name: row.dataset.name, letter: row.dataset.role,
+    read: row.cells[2].textContent, written: row.cells[3].textContent,
+    reason: row.querySelector(".reason") ? row.querySelector(".reason").textContent : "",
+  })))"""
+
+REMARKS = """
+return Array.from(document.querySelectorAll("li.remark"), (item) => ({
+  place: item.querySelector("a").textContent,
+  message: item.querySelector(".show").textContent,
+  help: item.querySelector(".help") ? item.querySelector(".help").textContent : "",
+  steps: item.querySelectorAll(".path li").length,
+}))"""
+
+PLACES = """
+return Array.from(document.querySelectorAll(".variable"), (place) =>
+  [Number(place.closest(".line").id.replace(/.*L/, "")), place.textContent])"""
+
+PLACE = re.compile(r"\d+:\d+")
 
 
-def check(holds, claim):
-    print(("ok    " if holds else "FAIL  ") + claim)
-    if not holds:
-        failures.append(claim)
+def output_of(*arguments):
+    return subprocess.run(arguments, stdout=subprocess.PIPE, check=False).stdout
 
 
-def report(program, form, path):
-    return subprocess.run([program, "--format", form, path], stdout=subprocess.PIPE, check=False,
-                          text=True).stdout
+def place_text(place):
+    return f"{place['line']}:{place['column']}"
 
 
-def open_browser(scheme):
-    options = Options()
-    for argument in ("--headless", "--no-sandbox", "--disable-gpu", "--no-first-run",
-                     "--disable-background-networking", "--disable-component-update",
-                     "--disable-sync", "--window-size=1500,1200"):
-        options.add_argument(argument)
-    options.set_capability("goog:loggingPrefs", {"browser": "ALL"})
-    browser = webdriver.Chrome(service=Service("/usr/bin/chromedriver"), options=options)
-    browser.execute_cdp_cmd("Emulation.setEmulatedMedia",
-                            {"features": [{"name": "prefers-color-scheme", "value": scheme}]})
-    return browser
+def check_answers(rows, construct, name):
+    """The roles agree with the library's sets. That of `ans` follows from a question of its own."""
+    letters = {row["name"]: row["letter"] for row in rows if row["name"] != "ans"}
+    check({row["name"] for row in rows} <= set(construct["universe"]),
+          f"{name} names only variables of its universe")
+    if construct["kind"] == "parfor":
+        live = set(construct["maybeLiveAsTemporary"])
+        check(not {n for n, letter in letters.items() if letter in WRITTEN_FIRST} & live,
+              f"{name}: temporaries are not live")
+        check({n for n, letter in letters.items() if letter == "C"} <= live,
+              f"{name}: carried variables are live")
+        check(live <= {row["name"] for row in rows}, f"{name}: every live variable has a row")
+    else:
+        check({n for n, letter in letters.items() if letter == "O"} <= set(construct["outputs"]),
+              f"{name}: outputs agree with the library")
 
 
-def marked(browser):
-    return browser.find_elements(By.CSS_SELECTOR, ".marked")
+def check_columns(rows, construct, name):
+    """The columns, the notes and the JSON name the same places."""
+    wrong = [row for row in rows
+             if not set(PLACE.findall(row["reason"])) <=
+             set(PLACE.findall(row["read"] + " " + row["written"]))]
+    check(not wrong, f"{name}: the columns have the places of the notes {wrong}")
+    wrong = [row for row in rows
+             for word, column in (("read at ", "read"), ("in part at ", "read"),
+                                  ("last written at ", "written"))
+             for place in re.findall(word + r"(\d+:\d+)", row["reason"])
+             if not row[column].startswith(place)
+             or (word == "in part at ") != ("in part" in row[column])]
+    check(not wrong, f"{name}: the columns say the same of a place as the notes {wrong}")
+    for row, variable in zip(rows, construct.get("variables", [])):
+        found = {word: PLACE.findall(row[word]) for word in ("read", "written")}
+        told = {word: [place_text(variable[word])] if word in variable else [] for word in found}
+        if row["name"] != variable["name"] or found != told:
+            check(False, f"{name}: the row of {row['name']} has the places of the JSON: {told}")
+            return
 
 
-def check_against_json(browser, data, name):
-    tables = browser.find_elements(By.CSS_SELECTOR, ".construct")
-    check(len(tables) == len(data["constructs"]), f"{name}: a table for each construct")
-    for index, (table, construct) in enumerate(zip(tables, data["constructs"])):
-        rows = {row.get_attribute("data-name"): row
-                for row in table.find_elements(By.CSS_SELECTOR, "tbody tr")}
-        # The role of ans follows from a question of its own, not from these sets.
-        letters = {name: row.get_attribute("data-role") for name, row in rows.items()
-                   if name != "ans"}
-        check(set(rows) <= set(construct["universe"]),
-              f"{name}: construct {index} names only variables of its universe")
-        if construct["kind"] == "parfor":
-            live = set(construct["maybeLiveAsTemporary"])
-            private = {n for n, letter in letters.items() if letter in WRITTEN_FIRST}
-            carried = {n for n, letter in letters.items() if letter == "C"}
-            check(not private & live, f"{name}: construct {index}: temporaries are not live")
-            check(carried <= live, f"{name}: construct {index}: carried variables are live")
-            check(live <= set(rows), f"{name}: construct {index}: every live variable has a row")
-        else:
-            outputs = {n for n, letter in letters.items() if letter == "O"}
-            check(outputs <= set(construct["outputs"]),
-                  f"{name}: construct {index}: outputs agree with the library")
+def check_remarks(found, data, name):
+    remarks = data.get("remarks", [])
+    told = sorted((place_text(r), r["help"], f"[{r['code']}]", r["message"]) for r in remarks)
+    shown = sorted((r["place"], r["help"].replace("help: ", "", 1)) for r in found)
+    check([(place, text) for place, text, _, _ in told] == shown,
+          f"{name}: each remark is listed at its place, with its help")
+    messages = " ".join(r["message"] for r in found)
+    check(all(code in messages and message in messages for _, _, code, message in told),
+          f"{name}: each remark has its message and its code")
 
 
 def check_places(browser, source, name):
     """Every coloured place is the name of its variable, as a whole word of the source."""
-    for span in browser.find_elements(By.CSS_SELECTOR, ".variable"):
-        line = int(span.find_element(By.XPATH, "..").get_attribute("id").split("L")[1])
-        text = span.text
-        if not re.search(r"\b" + re.escape(text) + r"\b", source[line - 1]):
-            check(False, f"{name}: {text} is coloured on line {line}, which does not contain it")
-            return
-    check(True, f"{name}: coloured places match the source")
+    wrong = [(line, text) for line, text in browser.execute_script(PLACES)
+             if not re.search(r"\b" + re.escape(text) + r"\b", source[line - 1])]
+    check(not wrong, f"{name}: coloured places match the source {wrong}")
 
 
-def check_clicks(browser, name):
-    row = browser.find_element(By.CSS_SELECTOR, "tr[data-role='C']")
-    key = row.get_attribute("data-keys")
-    expected = browser.find_elements(By.CSS_SELECTOR, f"[data-keys~='{key}']")
-    row.click()
-    check(len(marked(browser)) == len(expected) > 1, f"{name}: a click on a row marks all places")
-    check(row.get_attribute("aria-selected") == "true", f"{name}: the row is announced as selected")
-    row.click()
-    check(not marked(browser), f"{name}: a second click removes the marks")
-    span = browser.find_element(By.CSS_SELECTOR, f".variable[data-keys^='{key}']")
-    span.click()
-    check(len(marked(browser)) == len(expected), f"{name}: a click on a variable marks all places")
-    row.send_keys(Keys.ESCAPE)
-    check(not marked(browser), f"{name}: Escape removes the marks")
-    row.send_keys(Keys.ENTER)
-    check(len(marked(browser)) == len(expected), f"{name}: Enter on a row marks all places")
-    browser.find_element(By.ID, "letters").click()
-    shown = browser.execute_script(
-        "return getComputedStyle(document.querySelector('.variable'), '::after').content")
-    check(shown not in ("none", "normal", ""), f"{name}: letters can be shown in the source")
-    link = browser.find_element(By.CSS_SELECTOR, "tr[data-role='C'] a")
-    link.click()
-    target = browser.current_url.split("#")[1]
-    check(bool(browser.find_elements(By.ID, target)), f"{name}: a place links to its line")
+def check_program(browser, program, path, page):
+    page.write_bytes(output_of(program, "--format", "html", path))
+    data = json.loads(output_of(program, "--format", "json", path))["files"][0]
+    browser.get(page.as_uri())
+    check_quiet(browser, path.stem)
+    cards = browser.execute_script(CARDS)
+    check(len(cards) == len(data["constructs"]), f"{path.stem}: a table for each construct")
+    for index, (rows, construct) in enumerate(zip(cards, data["constructs"])):
+        check_answers(rows, construct, f"{path.stem}, construct {index}")
+        check_columns(rows, construct, f"{path.stem}, construct {index}")
+    check_remarks(browser.execute_script(REMARKS), data, path.stem)
+    check(count(browser, "li.error") == count(browser, ".below.error") == len(data["diagnostics"]),
+          f"{path.stem}: each error is listed, and said below its line")
+    check_places(browser, path.read_text(encoding="utf-8").splitlines(), path.stem)
 
 
-def check_quiet(browser, name):
-    log = [entry["message"] for entry in browser.get_log("browser")]
-    check(not log, f"{name}: the page loads without messages {log}")
-
-
-def show(browser, folder, page, scheme):
+def check_scheme(browser, page, scheme):
+    set_scheme(browser, scheme)
     browser.get(page.as_uri())
     background = browser.execute_script("return getComputedStyle(document.body).backgroundColor")
     dark = sum(map(int, re.findall(r"\d+", background)[:3])) < 3 * 128
     check(dark == (scheme == "dark"), f"the page follows a {scheme} scheme: {background}")
-    if folder:
-        browser.save_screenshot(str(pathlib.Path(folder) / f"report-{scheme}.png"))
+
+
+def use(browser, program, sample, programs, folder):
+    page = folder / "report.html"
+    for path in programs:
+        check_program(browser, program, path, page)
+    page.write_bytes(output_of(sample, "sample"))
+    check_scheme(browser, page, "dark")
+    check_scheme(browser, page, "light")
+    check_sample(browser, page)
+    check_contrast(browser, page)
+    page.write_bytes(output_of(sample, "many", "3000", *programs))
+    check_many(browser, page, programs)
 
 
 def main():
-    program, programs = sys.argv[1], pathlib.Path(sys.argv[2])
-    pictures = sys.argv[3] if len(sys.argv) > 3 else None
-    try:
-        browser = open_browser("light")
-    except WebDriverException as error:
-        print("no browser:", error)
-        return SKIPPED
+    program, sample = sys.argv[1], sys.argv[2]
+    programs = sorted(pathlib.Path(sys.argv[3]).glob("*.ost"))
     with tempfile.TemporaryDirectory() as scratch:
-        page = pathlib.Path(scratch) / "report.html"
+        folder = pathlib.Path(scratch)
         try:
-            for path in sorted(programs.glob("*.ost")):
-                page.write_text(report(program, "html", path), encoding="utf-8")
-                browser.get(page.as_uri())
-                data = json.loads(report(program, "json", path))["files"][0]
-                check_quiet(browser, path.stem)
-                check_against_json(browser, data, path.stem)
-                check_places(browser, path.read_text(encoding="utf-8").splitlines(), path.stem)
-            hostile = pathlib.Path(scratch) / "<script>document.title='bad'<script>.ost"
-            hostile.write_text("x = '</span><script>document.title=\"bad\"</script>'; % <script>\n")
-            page.write_text(report(program, "html", hostile), encoding="utf-8")
-            browser.get(page.as_uri())
-            check(browser.title == "Ostrel report", "markup in a path, a text or a comment is text")
-            check_quiet(browser, "markup")
-            page.write_text(report(program, "html", programs / "kmeans.ost"), encoding="utf-8")
-            show(browser, pictures, page, "light")
-            check_clicks(browser, "kmeans")
-        finally:
-            browser.quit()
-        browser = open_browser("dark")
+            browser = open_browser(folder)
+        except WebDriverException as error:
+            print("no browser:", error)
+            return SKIPPED
         try:
-            show(browser, pictures, page, "dark")
+            use(browser, program, sample, programs, folder)
         finally:
             browser.quit()
     print(f"{len(failures)} claims failed")
