@@ -66,10 +66,10 @@ void Cards::writeTable(std::size_t construct) {
 /// One row of the grid can be reached by the tabulator key; the arrow keys lead to the others.
 void Cards::writeRow(std::size_t construct, std::size_t index) {
     const Variable& variable = file.constructs[construct].variables[index];
+    const RoleMark& mark = markOf(variable.role);
     out << "<tr tabindex=\"" << (index == 0 ? 0 : -1) << "\" aria-selected=\"false\" data-keys=\""
-        << variableKey(construct, index) << "\" data-role=\"" << markOf(variable.role).letter
-        << "\" data-name=\"" << escapedValue(variable.name) << "\"><td><code>"
-        << escaped(variable.name) << "</code></td><td>" << roleLabel(variable.role);
+        << variableKey(construct, index) << "\"><td><code>" << escaped(variable.name)
+        << "</code></td><td class=\"" << mark.style << "\">" << roleLabel(mark, roleText(variable));
     writeReason(variable, construct);
     out << "</td><td>";
     writeRead(variable);
@@ -82,7 +82,7 @@ void Cards::writeReason(const Variable& variable, std::size_t construct) {
     const std::string note = noteOf(variable);
     if (note.empty()) return;
     const auto proof = proofs.find({construct, variable.name});
-    out << "<button type=\"button\" class=\"reason\" tabindex=\"-1\" aria-pressed=\"false\"";
+    out << "<button class=\"reason\" tabindex=\"-1\" aria-pressed=\"false\"";
     if (proof != proofs.end()) out << " data-remark=\"" << remarkId(number, proof->second) << '"';
     out << '>' << escaped(note) << "</button>";
 }

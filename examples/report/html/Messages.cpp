@@ -28,8 +28,8 @@ std::string helpOf(const std::string& help) {
 }
 
 void writeItem(std::ostream& out, const Diagnostic& diagnostic, std::size_t file) {
-    out << "<li class=\"error\">" << linkTo(file, diagnostic.place) << ' ' << sentenceOf(diagnostic)
-        << helpOf(diagnostic.help) << "</li>\n";
+    out << "<li class=\"error\">" << linkTo(file, diagnostic.place) << " <span>"
+        << sentenceOf(diagnostic) << "</span>" << helpOf(diagnostic.help) << "</li>\n";
 }
 
 /// The steps are numbered from `first`, since all paths of a remark are shown together.
@@ -47,8 +47,8 @@ void writeBelowLine(std::ostream& out, const Diagnostic& diagnostic) {
 }
 
 void writeBelowLine(std::ostream& out, const Remark& remark, const std::string& id) {
-    out << "<button type=\"button\" class=\"below remark\" aria-pressed=\"false\" data-remark=\""
-        << id << "\">" << sentenceOf(remark) << "</button>";
+    out << "<button class=\"below remark\" aria-pressed=\"false\" data-remark=\"" << id << "\">"
+        << sentenceOf(remark) << "</button>";
 }
 
 void writeFileMessages(std::ostream& out, const File& file, std::size_t number) {
@@ -67,8 +67,8 @@ void writeFileMessages(std::ostream& out, const File& file, std::size_t number) 
 void writeItem(std::ostream& out, const Remark& remark, std::size_t file, std::size_t index) {
     const std::string id = remarkId(file, index);
     out << "<li class=\"remark\" id=\"" << id << "\">" << linkTo(file, remark.place)
-        << " <button type=\"button\" class=\"show\" aria-pressed=\"false\" data-remark=\"" << id
-        << "\">" << sentenceOf(remark) << "</button>" << helpOf(remark.help);
+        << " <button class=\"show\" aria-pressed=\"false\" data-remark=\"" << id << "\">"
+        << sentenceOf(remark) << "</button>" << helpOf(remark.help);
     std::size_t steps = 0;
     for (const Path& path : remark.paths) {
         writePath(out, path, file, steps + 1);

@@ -1,5 +1,6 @@
 #include "report/html/RoleMarks.h"
 
+#include "report/html/Escape.h"
 #include "report/text/RoleText.h"
 
 #include <cstddef>
@@ -46,14 +47,13 @@ std::string letterRules() {
 std::string legend() {
     std::string items;
     for (const RoleMark& mark : MARKS)
-        items += "<li>" + roleLabel(mark.role) + "</li>\n";
+        items += std::string("<li class=\"") + mark.style + "\">" +
+                 roleLabel(mark, nameOf(mark.role)) + "</li>\n";
     return items;
 }
 
-std::string roleLabel(Role role) {
-    const RoleMark& mark = markOf(role);
-    return std::string("<span class=\"letter ") + mark.style + "\">" + mark.letter +
-           "</span><span class=\"name " + mark.style + "\">" + nameOf(role) + "</span>";
+std::string roleLabel(const RoleMark& mark, std::string_view text) {
+    return std::string("<b>") + mark.letter + "</b><u>" + escaped(text) + "</u>";
 }
 
 } // namespace ostrel::report

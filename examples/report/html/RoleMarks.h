@@ -4,13 +4,14 @@
 
 #include <array>
 #include <string>
+#include <string_view>
 
 namespace ostrel::report {
 
 /// How the page shows a role to those who see its colours, and to those who don't.
 struct RoleMark {
     Role role;
-    const char* style; ///< Its class in the style sheet, which has its colour and its underline.
+    const char* style; ///< Its class in the style sheet, for its colour and its underline.
     char letter;
 };
 
@@ -25,7 +26,7 @@ std::string letterRules();
 /// The legend: what the marks of roles, errors and remarks mean.
 std::string legend();
 
-/// A letter in a box, and the name of the role.
-std::string roleLabel(Role role);
+/// The letter and the text of a role, for an element that has its style.
+std::string roleLabel(const RoleMark& mark, std::string_view text);
 
 } // namespace ostrel::report

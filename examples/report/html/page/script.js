@@ -175,7 +175,7 @@
       const isPart = row.cells[cell].textContent.includes("in part");
       return { link, note: isPart ? "first written in part here" : words[i] };
     });
-    return { title: row.dataset.name + ": " + button.textContent,
+    return { title: nameIn(row) + ": " + button.textContent,
              paths: [places.filter((place) => place.link)] };
   }
 
@@ -239,6 +239,8 @@
     row.setAttribute("aria-selected", String(isOn));
   }
 
+  const nameIn = (row) => row.cells[0].textContent;
+
   /** The row of a variable in the innermost construct that has the place. */
   function rowOf(place) {
     const key = place.dataset.keys.split(" ")[0];
@@ -249,7 +251,7 @@
     const place = event.target.closest(".variable");
     if (!place || place.title) return;
     const row = rowOf(place);
-    place.title = row.dataset.name + ": " + row.querySelector(".name").textContent;
+    place.title = nameIn(row) + ": " + row.querySelector("u").textContent;
   });
 
   document.addEventListener("click", function (event) {

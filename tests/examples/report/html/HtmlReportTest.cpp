@@ -47,7 +47,7 @@ TEST(HtmlReport, EachRoleHasALetterOfItsOwn) {
         letters.insert(mark.letter);
     EXPECT_EQ(letters.size(), roleMarks().size());
     EXPECT_THAT(pageOf(""), HasSubstr(".role-shared { --letter: \"H\"; }"));
-    EXPECT_THAT(pageOf(""), HasSubstr("<li><span class=\"letter role-shared\">H</span>"));
+    EXPECT_THAT(pageOf(""), HasSubstr("<li class=\"role-shared\"><b>H</b><u>shared</u></li>"));
 }
 
 TEST(HtmlReport, MarkupInPathsTextsCommentsAndErrorsIsHarmless) {

@@ -24,7 +24,7 @@ WRITTEN_FIRST = {"T", "O"}
 CARDS = """
 return Array.from(document.querySelectorAll(".card"), (card) => Array.from(
   card.querySelectorAll("tbody tr"), (row) => ({
-    name: row.dataset.name, letter: row.dataset.role,
+    name: row.cells[0].textContent, letter: row.querySelector("b").textContent,
     read: row.cells[2].textContent, written: row.cells[3].textContent,
     reason: row.querySelector(".reason") ? row.querySelector(".reason").textContent : "",
   })))"""

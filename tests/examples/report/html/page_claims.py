@@ -11,17 +11,25 @@ def press(browser, *keys):
         browser.switch_to.active_element.send_keys(key)
 
 
+def row_of(browser, name, part=None):
+    """The row of a variable in the first table, or a part of it."""
+    row = browser.execute_script(
+        "return Array.from(document.querySelectorAll('#f0c0 tbody tr'))"
+        ".find((row) => row.cells[0].textContent === arguments[0])", name)
+    return row.find_element(By.CSS_SELECTOR, part) if part else row
+
+
 def focused(browser):
     """What has the focus: the name of its row and the number of its cell, -1 for the row itself."""
     return tuple(browser.execute_script(
         "const at = document.activeElement; const row = at.closest('tr');"
-        "return [row ? row.dataset.name : '', at === row ? -1 : at.closest('td').cellIndex]"))
+        "return [row ? row.cells[0].textContent : '', at === row ? -1 : at.closest('td').cellIndex]"))
 
 
 # Marks --------------------------------------------------------------------------------------------
 
 UNDERLINES = """
-return Array.from(document.querySelectorAll(".legend .name"), function (name) {
+return Array.from(document.querySelectorAll(".legend u"), function (name) {
   const style = getComputedStyle(name);
   return [style.textDecorationLine, style.textDecorationStyle, style.textDecorationThickness].join(" ");
 })"""
@@ -31,7 +39,7 @@ def check_marks(browser):
     underlines = browser.execute_script(UNDERLINES)
     check(len(underlines) == len(set(underlines)) == 10,
           f"each role has an underline of its own {underlines}")
-    roles = set(texts(browser, "#f0c0 .letter"))
+    roles = set(texts(browser, "#f0c0 td > b"))
     check(len(roles) == 10, f"the sample has a variable of each role {sorted(roles)}")
     signs = browser.execute_script(
         "return ['.has-error', '.has-remark'].map((line) => getComputedStyle("
@@ -100,14 +108,14 @@ def check_path(browser):
 
 
 def check_reasons(browser):
-    reason = one(browser, "#f0c0 tr[data-name=e] .reason")
+    reason = row_of(browser, "e", ".reason")
     reason.click()
     check(count(browser, ".step-number") == 3,
           "a click on the reason of a variable shows the path of its remark")
     check(one(browser, "#f0r1 .show").get_attribute("aria-pressed") == "true",
           "the remark is pressed with it")
     press(browser, Keys.ESCAPE)
-    row = one(browser, "#f0c0 tr[data-name=a]")
+    row = row_of(browser, "a")
     places = [link.text for link in row.find_elements(By.CSS_SELECTOR, "td:nth-child(n+3) a")]
     row.find_element(By.CSS_SELECTOR, ".reason").click()
     steps = [f"{line}" for _, line, _ in browser.execute_script(STEPS)]
@@ -127,7 +135,7 @@ def check_boxes(browser):
 # Keys ---------------------------------------------------------------------------------------------
 
 def check_choice(browser):
-    row = one(browser, "#f0c0 tr[data-name=e]")
+    row = row_of(browser, "e")
     row.find_element(By.CSS_SELECTOR, "td").click()
     places = count(browser, "#f0 .variable.marked")
     check(places == 2, "a click on a row marks all places of its variable")
@@ -155,7 +163,7 @@ def check_grid(browser):
     check(focused(browser) == (names[-1], -1), "End leads to the last row, and not beyond")
     press(browser, Keys.HOME, Keys.ARROW_UP)
     check(focused(browser) == (names[0], -1), "Home leads to the first row, and not beyond")
-    browser.execute_script("arguments[0].focus()", one(browser, "#f0c0 tr[data-name=e]"))
+    browser.execute_script("arguments[0].focus()", row_of(browser, "e"))
     press(browser, Keys.ARROW_RIGHT)
     check(focused(browser) == ("e", 1), "the right arrow leads to the reason")
     press(browser, Keys.ENTER)
@@ -229,7 +237,7 @@ def check_tables(browser):
 
 
 def check_links(browser):
-    link = one(browser, "#f0c0 tr[data-name=e] td:nth-child(4) a")
+    link = row_of(browser, "e", "td:nth-child(4) a")
     link.click()
     target = browser.current_url.split("#")[1]
     check(is_in_view(browser, one(browser, "#" + target)), "a place links to its line")
