@@ -25,4 +25,11 @@ std::string_view nameOf(RemarkCode code) {
     return remarkRules()[static_cast<std::size_t>(code)].name;
 }
 
+std::string_view introductionOf(RemarkCode code, std::size_t path) {
+    if (code == RemarkCode::Carried)
+        return path == 0 ? "how the value leaves its iteration:"
+                         : "how another iteration reads it:";
+    return path == 0 ? "one path:" : "another path:";
+}
+
 } // namespace ostrel::report

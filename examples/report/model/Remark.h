@@ -42,6 +42,9 @@ struct Step {
 };
 using Path = std::vector<Step>;
 
+/// What a path of a remark with several of them shows: `how another iteration reads it:`.
+std::string_view introductionOf(RemarkCode code, std::size_t path);
+
 /// Something in a program that may not do what its author expects.
 struct Remark {
     RemarkCode code = RemarkCode::Carried;

@@ -9,14 +9,6 @@ namespace {
 
 constexpr std::size_t STEP_INDENT = 2;
 
-/// What a path of a remark with several of them shows.
-std::string_view introductionOf(RemarkCode code, std::size_t path) {
-    if (code == RemarkCode::Carried)
-        return path == 0 ? "how the value leaves its iteration:"
-                         : "how another iteration reads it:";
-    return path == 0 ? "one path:" : "another path:";
-}
-
 /// The note of a step, with its place unless the note itself gives it.
 std::string textOf(const Step& step) {
     const std::string place =
