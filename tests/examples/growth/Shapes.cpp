@@ -294,10 +294,31 @@ std::vector<Shape> products() {
               [](std::size_t n) { return repeat("x = ;\nparfor k = 1:3, x = k; end\n", n); }),
         shape("pragmas x constructs", 250,
               [](std::size_t n) { return repeat("%#ok\nparfor k = 1:3, x = k; end\n", n); }),
-        shape("warnings x constructs", 250,
+        shape("remarks x constructs", 250,
               [](std::size_t n) { return repeat("parfor k = 1:3, eval(x), y = ans; end\n", n); }),
-        shape("warnings x constructs on one line", 250,
+        shape("remarks x constructs on one line", 250,
               [](std::size_t n) { return repeat("parfor k = 1:3, eval(x), y = ans; end;", n); }),
+        shape("values used after their constructs", 250,
+              [](std::size_t n) { return number("parfor k = 1:3, v# = k; end\nshow(v#)\n", n); }),
+        shape("one value used after each construct", 250,
+              [](std::size_t n) { return repeat("parfor k = 1:3, x = k; end\nshow(x)\n", n); }),
+        shape("values overwritten far after their constructs", 250,
+              [](std::size_t n) {
+                  return number("parfor k = 1:3, v# = k; end\n", n) + number("v# = 1;\n", n);
+              }),
+        shape("constructs in one loop", 250,
+              [](std::size_t n) {
+                  return "for j = 1:3\n" + repeat("parfor k = 1:3, x = k; end\n", n) + "end\n";
+              }),
+        shape("constructs x returns in one function", 250,
+              [](std::size_t n) {
+                  return "function r = f(c)\n" +
+                         repeat("parfor k = 1:3, x = k; end\nif c, return, end\n", n) + "end\n";
+              }),
+        shape("carried values x loops", 250,
+              [](std::size_t n) {
+                  return repeat("parfor k = 1:3, y = x; for j = y, x = k; end, end\n", n);
+              }),
         shape("loops in one construct", 250,
               [](std::size_t n) {
                   return "spmd\n" + repeat("for j = 1:3, a = b; if a, break, end, end\n", n) +

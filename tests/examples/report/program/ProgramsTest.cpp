@@ -93,6 +93,8 @@ TEST(Documentation, ExampleVariablesHaveTheRolesThatItGives) {
     EXPECT_EQ(roleIn(0, "b"), Role::Sliced);
     EXPECT_EQ(roleIn(0, "c"), Role::Carried);
     EXPECT_EQ(roleIn(0, "best"), Role::Carried);
+    EXPECT_EQ(roleIn(0, "last"), Role::Shared);
+    EXPECT_EQ(roleIn(0, "sum"), Role::Reduction);
     EXPECT_EQ(roleIn(0, "w"), Role::ReadFromOutside);
     EXPECT_EQ(roleIn(1, "part"), Role::Output);
     EXPECT_EQ(roleIn(1, "rows"), Role::Updated);
