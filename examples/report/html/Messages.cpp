@@ -32,12 +32,19 @@ void writeItem(std::ostream& out, const Diagnostic& diagnostic, std::size_t file
         << sentenceOf(diagnostic) << "</span>" << helpOf(diagnostic.help) << "</li>\n";
 }
 
-/// The steps are numbered from `first`, since all paths of a remark are shown together.
-void writePath(std::ostream& out, const Path& path, std::size_t file, std::size_t first) {
-    out << "<ol class=\"path\" start=\"" << first << "\" hidden>";
-    for (const Step& step : path)
-        out << "<li>" << linkTo(file, step.place, escaped(step.note)) << "</li>";
-    out << "</ol>";
+/// The steps of all paths of a remark are numbered together, since they are shown together.
+void writePaths(std::ostream& out, const Remark& remark, std::size_t file) {
+    std::size_t steps = 0;
+    for (std::size_t i = 0; i < remark.paths.size(); ++i) {
+        out << "<div class=\"path\" hidden>";
+        if (remark.paths.size() > 1)
+            out << "<p>" << escaped(introductionOf(remark.code, i)) << "</p>";
+        out << "<ol start=\"" << steps + 1 << "\">";
+        for (const Step& step : remark.paths[i])
+            out << "<li>" << linkTo(file, step.place, escaped(step.note)) << "</li>";
+        out << "</ol></div>";
+        steps += remark.paths[i].size();
+    }
 }
 
 } // namespace
@@ -69,11 +76,7 @@ void writeItem(std::ostream& out, const Remark& remark, std::size_t file, std::s
     out << "<li class=\"remark\" id=\"" << id << "\">" << linkTo(file, remark.place)
         << " <button class=\"show\" aria-pressed=\"false\" data-remark=\"" << id << "\">"
         << sentenceOf(remark) << "</button>" << helpOf(remark.help);
-    std::size_t steps = 0;
-    for (const Path& path : remark.paths) {
-        writePath(out, path, file, steps + 1);
-        steps += path.size();
-    }
+    writePaths(out, remark, file);
     out << "</li>\n";
 }
 

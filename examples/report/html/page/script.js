@@ -53,7 +53,8 @@
     let shown = 0;
     for (const each of rows) {
       const isShown = each.name.includes(name) && (word === "" || each.words.includes(word));
-      if (each.row.hidden === isShown) each.row.hidden = each.file.hidden = !isShown;
+      if (each.row.hidden === isShown) each.row.hidden = !isShown;
+      if (each.file.hidden === isShown) each.file.hidden = !isShown;
       if (isShown) shown += 1;
     }
     byId("filter-count").textContent =
@@ -138,18 +139,12 @@
   const panel = byId("path");
   let pressed = null; // what the shown path belongs to
 
-  /** The lists of a remark's steps; if it has none, its place. */
-  function stepsOfRemark(id) {
-    const item = byId(id);
-    const paths = item.querySelectorAll("ol.path");
-    if (paths.length > 0) return Array.from(paths, (path) => Array.from(path.querySelectorAll("a")));
-    return [[item.querySelector("a[data-at]")]];
-  }
-
-  function listOf(links, first) {
+  /** A path of links with their notes. */
+  function pathOf(steps) {
+    const path = document.createElement("div");
+    path.className = "path";
     const list = document.createElement("ol");
-    list.start = first;
-    for (const { link, note } of links) {
+    for (const { link, note } of steps) {
       const item = document.createElement("li");
       const copy = link.cloneNode(false);
       copy.textContent = note;
@@ -157,26 +152,38 @@
       item.append(copy);
       list.append(item);
     }
-    return list;
+    path.append(list);
+    return path;
   }
 
-  /** What a button shows: a title, and lists of links with their notes. */
+  /** The paths of a remark; if it has none, its place. */
+  function pathsOfRemark(item) {
+    const paths = Array.from(item.querySelectorAll(".path"), (path) => path.cloneNode(true));
+    for (const path of paths) path.hidden = false;
+    const place = item.querySelector("a");
+    return paths.length > 0 ? paths : [pathOf([{ link: place, note: place.textContent }])];
+  }
+
+  /** Where the variable of a row is read and written. */
+  function pathOfRow(row) {
+    const steps = [];
+    const [read, written] = [row.cells[2], row.cells[3]];
+    const readNote = read.textContent.includes("in part") ? "written in part" : "first read";
+    for (const [cell, note] of [[read, readNote], [written, "last written"]]) {
+      const link = cell.querySelector("a");
+      if (link) steps.push({ link, note: note + " at " + link.textContent });
+    }
+    return pathOf(steps);
+  }
+
+  /** What a button shows: a title, and paths. */
   function contentOf(button) {
     if (button.dataset.remark) {
       const item = byId(button.dataset.remark);
-      const title = item.querySelector(".show").textContent;
-      return { title, paths: stepsOfRemark(button.dataset.remark).map((links) => links.map(
-        (link) => ({ link, note: link.closest(".path") ? link.textContent : title }))) };
+      return { title: item.querySelector(".show").textContent, paths: pathsOfRemark(item) };
     }
     const row = button.closest("tr");
-    const words = ["first read here", "last written here"];
-    const places = [2, 3].map((cell, i) => {
-      const link = row.cells[cell].querySelector("a");
-      const isPart = row.cells[cell].textContent.includes("in part");
-      return { link, note: isPart ? "first written in part here" : words[i] };
-    });
-    return { title: nameIn(row) + ": " + button.textContent,
-             paths: [places.filter((place) => place.link)] };
+    return { title: nameIn(row) + ": " + button.textContent, paths: [pathOfRow(row)] };
   }
 
   function hidePath() {
@@ -202,14 +209,10 @@
     const { title, paths } = contentOf(button);
     pressed = button;
     setPressed(true);
-    const chips = [];
-    const lists = [];
-    for (const path of paths) {
-      lists.push(listOf(path, chips.length + 1));
-      for (const { link } of path) chips.push(markStep(placeOf(link), chips.length + 1));
-    }
     byId("path-title").textContent = title;
-    byId("path-steps").replaceChildren(...lists);
+    byId("path-steps").replaceChildren(...paths);
+    const chips = Array.from(panel.querySelectorAll("li > a"),
+      (link, i) => markStep(placeOf(link), i + 1));
     panel.hidden = false;
     document.documentElement.style.setProperty("--path-height", panel.offsetHeight + "px");
     if (chips.length > 0) chips[0].scrollIntoView({ block: "nearest" });

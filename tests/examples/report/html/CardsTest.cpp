@@ -68,9 +68,11 @@ TEST(Cards, RemarkIsListedWithItsCodeHelpAndNumberedSteps) {
     const std::string card = cardOf(file);
     EXPECT_THAT(card, HasSubstr("<b>remark:</b> it is &lt;carried&gt; <code>[carried]</code>"));
     EXPECT_THAT(card, HasSubstr("<p class=\"help\"><b>help:</b> don&#39;t</p>"));
-    EXPECT_THAT(card, HasSubstr("<ol class=\"path\" start=\"1\" hidden><li><a href=\"#f0L3\" "
-                                "data-at=\"3:3-3:8\">a &amp; b</a></li></ol>"
-                                "<ol class=\"path\" start=\"2\" hidden>"));
+    EXPECT_THAT(card, HasSubstr("<div class=\"path\" hidden><p>how the value leaves its iteration:"
+                                "</p><ol start=\"1\"><li><a href=\"#f0L3\" "
+                                "data-at=\"3:3-3:8\">a &amp; b</a></li></ol></div>"
+                                "<div class=\"path\" hidden><p>how another iteration reads it:</p>"
+                                "<ol start=\"2\">"));
 }
 
 TEST(Cards, ReasonOfAVariableLeadsToTheRemarkThatProvesIt) {

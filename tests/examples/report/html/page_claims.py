@@ -83,6 +83,9 @@ def check_path(browser):
     notes = texts(browser, "#path ol li")
     check(notes == ["e is written", "the loop may run no iteration",
                     "e is read in the next iteration"], f"the notes are a list {notes}")
+    check(texts(browser, "#path .path p") == ["how the value leaves its iteration:",
+                                              "how another iteration reads it:"],
+          "each path says what it shows")
     check(browser.execute_script("return document.querySelectorAll('#path ol')[1].start") == 3,
           "the numbers of the list are those of the marks")
     check(is_in_view(browser, one(browser, ".step-number")), "the first step is in view")
