@@ -26,6 +26,7 @@ libclang-rt-14-dev  its sanitizers, for the fuzzers
 clang-format        the check of the formatting
 git                 tells which files belong to the project
 chromium            the browser that the page of the example is tried in
+man-db              formats the manual pages
 chromium-driver     drives it
 python3-selenium    tells the driver what to do
 '

@@ -47,6 +47,44 @@ function(step_files)
     endforeach()
 endfunction()
 
+# The programs alone, in a place of their own, moved as well. They must find their libraries there:
+# those in the build folder have another path.
+function(step_tools)
+    set(first "${WORK_DIR}/first tools")
+    set(moved "${WORK_DIR}/moved tools")
+    file(REMOVE_RECURSE "${first}" "${moved}")
+    run("${CMAKE_COMMAND}" --install "${BUILD_DIR}" --config "${CONFIG}" --prefix "${first}"
+        --component tools)
+    file(RENAME "${first}" "${moved}")
+
+    file(GLOB_RECURSE installed RELATIVE "${moved}" "${moved}/*")
+    list(FILTER installed EXCLUDE REGEX "^${LIBDIR}/libzt_orvex(_kit)?[.]so[.][0-9.]+$")
+    list(SORT installed)
+    set(expected
+        bin/orvex-match
+        bin/orvex-report
+        share/bash-completion/completions/orvex-match
+        share/bash-completion/completions/orvex-report
+        share/man/man1/orvex-match.1
+        share/man/man1/orvex-report.1)
+    if(NOT "${installed}" STREQUAL "${expected}")
+        message(FATAL_ERROR "installed: ${installed}")
+    endif()
+
+    set(program "${SOURCE_DIR}/examples/programs/sieve.ost")
+    foreach(command "bin/orvex-report;${program}" "bin/orvex-match;${program};${program}"
+            "bin/orvex-report;--version" "bin/orvex-match;--version")
+        list(POP_FRONT command tool)
+        run("${moved}/${tool}" ${command})
+        execute_process(COMMAND "${CMAKE_COMMAND}" -E env LD_TRACE_LOADED_OBJECTS=1
+            "${moved}/${tool}" OUTPUT_VARIABLE loaded COMMAND_ERROR_IS_FATAL ANY)
+        string(FIND "${loaded}" "=> ${moved}/bin/../${LIBDIR}/libzt_orvex.so" position)
+        if(position EQUAL -1)
+            message(FATAL_ERROR "${tool} loads its library from elsewhere: ${loaded}")
+        endif()
+    endforeach()
+endfunction()
+
 function(step_find_package)
     set(build "${WORK_DIR}/find_package")
     configure_consumer("${consumer_dir}" "${build}" "${prefix}")
