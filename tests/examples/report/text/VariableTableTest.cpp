@@ -49,10 +49,10 @@ Construct construct(std::vector<Variable> variables) {
 TEST(VariableTable, ShowsTheRoleOfEachVariable) {
     EXPECT_EQ(
         tableOf("x = 1:9;\nparfor k = 1:9\n  t = x(k);\n  y(k) = t;\nend"),
-        "    x  read from outside  first read at 3:7, on every path; each iteration reads its own"
-        " elements\n"
         "    k  loop variable\n"
         "    t  temporary          written before it is read in each iteration\n"
+        "    x  read from outside  first read at 3:7, on every path; each iteration reads its own"
+        " elements\n"
         "    y  sliced             each iteration writes its own elements\n");
 }
 
