@@ -2,6 +2,8 @@
 
 #include "RunReport.h"
 
+#include "report/program/Run.h"
+
 #include <gmock/gmock.h>
 
 #include <string>
@@ -59,7 +61,7 @@ TEST(FailOn, FileFailsForARemarkWithSuchACode) {
 TEST(FailOn, OptionDecidesTheExitStatusInEachFormat) {
     const ScratchFolder scratch;
     const std::string path = scratch.file("pragma.ost", PRAGMA);
-    for (const char* format : {"text", "json", "html"}) {
+    for (const std::string& format : formatNames()) {
         const auto statusWith = [&](std::vector<std::string> arguments) {
             arguments.insert(arguments.end(), {"--format", format, path});
             return runReport(arguments).status;
