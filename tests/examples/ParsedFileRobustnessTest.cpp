@@ -9,7 +9,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <sys/mman.h>
 #include <utility>
 
@@ -20,12 +19,7 @@ using zt::orvex::NodeView;
 using zt::orvex::testing::Random;
 using zt::orvex::testing::RandomProgram;
 using zt::orvex::testing::rounds;
-
-/// The number of rounds: ZT_ORVEX_TEST_ROUNDS from the environment, or `usual`.
-std::size_t roundsToRun(std::size_t usual) {
-    const char* text = std::getenv("ZT_ORVEX_TEST_ROUNDS");
-    return text != nullptr ? std::strtoull(text, nullptr, 0) : rounds(usual);
-}
+using zt::orvex::testing::roundsToRun;
 
 /// Walks the whole tree, asks it what a report would ask, and prints it.
 void use(const ParsedFile& file) {
