@@ -196,6 +196,18 @@ def kit_rows(table):
                       "reasons/explain_all/" + end, "reasons/analysis/" + end, 10)
 
 
+def report_rows(table):
+    table.absolute("orvex-report --format json: instructions a line", "report/json/instructions",
+                   REPORT_INSTRUCTIONS)
+    table.absolute("orvex-report --format json: ns a line", "report/json/jobs:1", None)
+    table.row("orvex-report --format json: ns a line, two processors", "one",
+              "report/json/jobs:2", "report/json/jobs:1", 0.6)
+
+
+# That of the version before remarks had paths.
+REPORT_INSTRUCTIONS = 34_500
+
+
 REJECTED = (
     (r"bitset/(equality|subset|iteration_100_per_mille)/(?:ours|plain_loops)/bits:64000",
      "ours", "plain_loops", "plain loops over words and bits"),
@@ -229,7 +241,7 @@ def main():
     results = Results(sys.argv[1])
     table = Table(results)
     for rows in (analysis_rows, walk_rows, bitset_rows, order_rows, literal_rows, look_up_rows,
-                 kit_rows):
+                 kit_rows, report_rows):
         rows(table)
     print(f"\nMissed: {', '.join(table.missed) if table.missed else 'none'}.")
     print_rejected(results)
