@@ -111,8 +111,8 @@ private:
                 pairs.push_back({AlignedPair::NONE, stretch.secondBegin + j++});
             }
         }
-        pairInOrder({stretch.firstBegin + i, stretch.firstEnd, stretch.secondBegin + j,
-                     stretch.secondEnd});
+        pairInOrder(
+            {stretch.firstBegin + i, stretch.firstEnd, stretch.secondBegin + j, stretch.secondEnd});
     }
 
     int worth(const Stretch& stretch, std::size_t i, std::size_t j) const {
@@ -168,14 +168,12 @@ private:
         return result;
     }
 
-
     const Numbers& first;
     const Numbers& second;
     const Likeness& likeness;
     std::vector<AlignedPair> pairs;
     std::vector<int> worths;
 };
-
 
 } // namespace
 

@@ -139,12 +139,12 @@ private:
                 compare(lastInFirst, lastInSecond);
             } else if (isInFirst) {
                 const Anchor anchor = anchorIn(second, inSecond, lastInSecond, b);
-                differences.push_back({DifferenceKind::OnlyInFirst, lastInFirst, anchor.node,
-                                       anchor.whereabouts});
+                differences.push_back(
+                    {DifferenceKind::OnlyInFirst, lastInFirst, anchor.node, anchor.whereabouts});
             } else {
                 const Anchor anchor = anchorIn(first, inFirst, lastInFirst, a);
-                differences.push_back({DifferenceKind::OnlyInSecond, anchor.node, lastInSecond,
-                                       anchor.whereabouts});
+                differences.push_back(
+                    {DifferenceKind::OnlyInSecond, anchor.node, lastInSecond, anchor.whereabouts});
             }
         }
     }

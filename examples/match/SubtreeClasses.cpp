@@ -81,9 +81,8 @@ std::u16string SubtreeClasses::ownText(const Tree& tree, NodeView node) {
     }
 }
 
-std::uint32_t
-SubtreeClasses::numberOf(std::unordered_map<std::u32string, std::uint32_t>& known,
-                         const std::u32string& key) {
+std::uint32_t SubtreeClasses::numberOf(std::unordered_map<std::u32string, std::uint32_t>& known,
+                                       const std::u32string& key) {
     return known.try_emplace(key, static_cast<std::uint32_t>(known.size())).first->second;
 }
 

@@ -6,75 +6,12 @@
 #include <algorithm>
 #include <cstddef>
 #include <string>
-#include <utility>
+#include <string_view>
 #include <vector>
 
 namespace ostrel::report {
 
 namespace {
-
-using Json = JsonStream::Json;
-
-/// Such as `{"line": 1, "column": 1, "endLine": 1, "endColumn": 4}`.
-Json toJson(const Place& place) {
-    Json json{{"line", place.line}, {"column", place.column}};
-    if (place.length == 0) return json;
-    json["endLine"] = place.endLine;
-    json["endColumn"] = place.endColumn;
-    return json;
-}
-
-Json toJson(const Diagnostic& diagnostic) {
-    Json json = toJson(diagnostic.place);
-    json["severity"] = diagnostic.severity == Severity::Error ? "error" : "warning";
-    json["message"] = diagnostic.message;
-    if (!diagnostic.help.empty()) json["help"] = diagnostic.help;
-    return json;
-}
-
-Json toJson(const PragmaEntry& pragma) {
-    Json json = toJson(pragma.place);
-    json["kind"] = pragma.kind;
-    json["name"] = pragma.name;
-    json["arguments"] = pragma.arguments;
-    return json;
-}
-
-Json toJson(const Variable& variable) {
-    Json json{{"name", variable.name}, {"role", identifierOf(variable.role)}};
-    if (variable.role == Role::Reduction) json["by"] = variable.by;
-    if (variable.firstRead) {
-        json["read"] = toJson(*variable.firstRead);
-        if (variable.isFirstReadPartialWrite) json["read"]["partial"] = true;
-    }
-    if (variable.lastWrite) json["written"] = toJson(*variable.lastWrite);
-    return json;
-}
-
-Json toJson(const Path& path) {
-    Json steps = Json::array();
-    for (const Step& step : path) {
-        Json json = toJson(step.place);
-        json["note"] = step.note;
-        steps.push_back(std::move(json));
-    }
-    return steps;
-}
-
-Json toJson(const Remark& remark) {
-    Json json{{"code", nameOf(remark.code)}};
-    json.update(toJson(remark.place));
-    json["message"] = remark.message;
-    json["help"] = remark.help;
-    if (remark.construct) {
-        json["construct"] = *remark.construct;
-        json["variable"] = remark.variable;
-    }
-    json["paths"] = Json::array();
-    for (const Path& path : remark.paths)
-        json["paths"].push_back(toJson(path));
-    return json;
-}
 
 using Names = std::vector<std::string>;
 
@@ -102,7 +39,7 @@ public:
         const std::vector<Names> sorted = sortedUniverses(file);
         json.beginObject();
         write("path", file.path);
-        if (!isUtf8(file.path)) write("pathIsNotUtf8", true);
+        if (!isUtf8(file.path)) writeFlag("pathIsNotUtf8", true);
         if (!file.failure.empty()) {
             write("failure", file.failure);
             json.endObject();
@@ -144,13 +81,23 @@ private:
             writeNames("universe", scope.universe);
             writeRest("outputs", sortedUniverse, construct.notOutputs);
         }
-        write("ansPossiblyReadBeforeBeingWritten", construct.ansPossiblyReadBeforeBeingWritten);
+        writeFlag("ansPossiblyReadBeforeBeingWritten", construct.ansPossiblyReadBeforeBeingWritten);
         writeNames("restrictedExternals", construct.restrictedExternals);
         writeArray("variables", construct.variables);
         json.endObject();
     }
 
-    void write(const char* key, const Json& value) {
+    void write(const char* key, std::string_view value) {
+        json.key(key);
+        json.string(value);
+    }
+
+    void write(const char* key, std::size_t value) {
+        json.key(key);
+        json.number(value);
+    }
+
+    void writeFlag(const char* key, bool value) {
         json.key(key);
         json.value(value);
     }
@@ -158,10 +105,80 @@ private:
     template <typename T>
     void writeArray(const char* key, const std::vector<T>& elements) {
         json.key(key);
+        writeArray(elements);
+    }
+
+    template <typename T>
+    void writeArray(const std::vector<T>& elements) {
         json.beginArray();
         for (const T& element : elements)
-            json.value(toJson(element));
+            writeElement(element);
         json.endArray();
+    }
+
+    template <typename T>
+    void writeElement(const T& element) {
+        json.beginObject();
+        writeMembers(element);
+        json.endObject();
+    }
+
+    void writeElement(const Path& path) { writeArray(path); }
+
+    void writeMembers(const Place& place) {
+        write("line", place.line);
+        write("column", place.column);
+        if (place.length == 0) return;
+        write("endLine", place.endLine);
+        write("endColumn", place.endColumn);
+    }
+
+    void writeMembers(const Diagnostic& diagnostic) {
+        writeMembers(diagnostic.place);
+        write("severity", diagnostic.severity == Severity::Error ? "error" : "warning");
+        write("message", diagnostic.message);
+        if (!diagnostic.help.empty()) write("help", diagnostic.help);
+    }
+
+    void writeMembers(const PragmaEntry& pragma) {
+        writeMembers(pragma.place);
+        write("kind", pragma.kind);
+        write("name", pragma.name);
+        write("arguments", pragma.arguments);
+    }
+
+    void writeMembers(const Variable& variable) {
+        write("name", variable.name);
+        write("role", identifierOf(variable.role));
+        if (variable.role == Role::Reduction) write("by", variable.by);
+        if (variable.firstRead) {
+            json.key("read");
+            json.beginObject();
+            writeMembers(*variable.firstRead);
+            if (variable.isFirstReadPartialWrite) writeFlag("partial", true);
+            json.endObject();
+        }
+        if (variable.lastWrite) {
+            json.key("written");
+            writeElement(*variable.lastWrite);
+        }
+    }
+
+    void writeMembers(const Remark& remark) {
+        write("code", nameOf(remark.code));
+        writeMembers(remark.place);
+        write("message", remark.message);
+        write("help", remark.help);
+        if (remark.construct) {
+            write("construct", *remark.construct);
+            write("variable", remark.variable);
+        }
+        writeArray("paths", remark.paths);
+    }
+
+    void writeMembers(const Step& step) {
+        writeMembers(step.place);
+        write("note", step.note);
     }
 
     void writeNames(const char* key, const Names& names) {

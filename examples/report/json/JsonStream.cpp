@@ -2,6 +2,9 @@
 
 #include "terminal/DisplayText.h"
 
+#include <algorithm>
+#include <charconv>
+#include <iterator>
 #include <string>
 
 namespace ostrel::report {
@@ -10,42 +13,78 @@ namespace {
 
 constexpr std::size_t INDENT = 2;
 
-std::string dump(const JsonStream::Json& json) {
-    const auto dumped = [&](bool isAscii) {
-        return json.dump(static_cast<int>(INDENT), ' ', isAscii,
-                         JsonStream::Json::error_handler_t::replace);
-    };
-    std::string text = dumped(false);
-    return hasUnsafeCharacter(text) ? dumped(true) : text;
+/// The size in bytes at which gathered text goes to the stream: a call for each word would take
+/// longer than the rest of the work.
+constexpr std::size_t LARGE = std::size_t{1} << 15;
+
+/// Whether a string is written as it stands, which nearly all are.
+bool isPlain(std::string_view text) {
+    return std::all_of(text.begin(), text.end(), [](char byte) {
+        return byte >= ' ' && byte <= '~' && byte != '"' && byte != '\\';
+    });
+}
+
+/// With its quotes and escapes.
+std::string dump(std::string_view text) {
+    using Json = JsonStream::Json;
+    const Json json = text;
+    const bool isAscii = hasUnsafeCharacter(text);
+    return json.dump(-1, ' ', isAscii, Json::error_handler_t::replace);
 }
 
 } // namespace
 
 void JsonStream::key(std::string_view name) {
     beginValue();
-    out << '"' << name << "\": ";
+    text.append(1, '"').append(name).append("\": ");
     hasKey = true;
 }
 
 void JsonStream::value(const Json& whole) {
-    beginValue();
-    const std::string text = dump(whole);
-    std::string_view rest = text;
-    for (std::size_t end = rest.find('\n'); end != std::string_view::npos; end = rest.find('\n')) {
-        out << rest.substr(0, end) << lineBreak;
-        rest.remove_prefix(end + 1);
+    if (whole.is_object()) {
+        beginObject();
+        for (const auto& [name, member] : whole.items()) {
+            key(name);
+            value(member);
+        }
+        endObject();
+    } else if (whole.is_array()) {
+        beginArray();
+        for (const Json& element : whole)
+            value(element);
+        endArray();
+    } else if (whole.is_string()) {
+        string(whole.get_ref<const std::string&>());
+    } else {
+        beginValue();
+        text += whole.dump();
     }
-    out << rest;
+}
+
+void JsonStream::string(std::string_view value) {
+    if (isPlain(value)) {
+        identifier(value);
+    } else {
+        beginValue();
+        text += dump(value);
+    }
+}
+
+void JsonStream::number(std::size_t number) {
+    beginValue();
+    char digits[20];
+    char* const end = std::to_chars(digits, std::end(digits), number).ptr;
+    text.append(digits, end);
 }
 
 void JsonStream::identifier(std::string_view name) {
     beginValue();
-    out << '"' << name << '"';
+    text.append(1, '"').append(name).append(1, '"');
 }
 
 void JsonStream::begin(char bracket) {
     beginValue();
-    out << bracket;
+    text += bracket;
     isEmpty.push_back(true);
     lineBreak.append(INDENT, ' ');
 }
@@ -54,8 +93,9 @@ void JsonStream::end(char bracket) {
     const bool wasEmpty = isEmpty.back();
     isEmpty.pop_back();
     lineBreak.resize(lineBreak.size() - INDENT);
-    if (!wasEmpty) out << lineBreak;
-    out << bracket;
+    if (!wasEmpty) text += lineBreak;
+    text += bracket;
+    if (isEmpty.empty() || text.size() > LARGE) flush();
 }
 
 /// What precedes a value, or the key of one.
@@ -63,9 +103,14 @@ void JsonStream::beginValue() {
     const bool isOnOwnLine = !hasKey && !isEmpty.empty();
     hasKey = false;
     if (!isOnOwnLine) return;
-    if (!isEmpty.back()) out << ',';
+    if (!isEmpty.back()) text += ',';
     isEmpty.back() = false;
-    out << lineBreak;
+    text += lineBreak;
+}
+
+void JsonStream::flush() {
+    out << text;
+    text.clear();
 }
 
 } // namespace ostrel::report

@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <cstddef>
 #include <ostream>
 #include <string>
 #include <string_view>
@@ -9,7 +10,8 @@
 
 namespace ostrel::report {
 
-/// Writes a JSON text piece by piece, so that it never has to be in memory as a whole.
+/// Writes a JSON text piece by piece, so that it never has to be in memory as a whole. What is given
+/// reaches the stream at the end of the outermost value at the latest.
 ///
 /// The text is indented by two, and looks as if nlohmann::json had written all of it at once. Bytes
 /// of a string that aren't UTF-8 become U+FFFD. A string with characters that change the direction
@@ -39,15 +41,22 @@ public:
     /// A value that is at hand as a whole.
     void value(const Json& whole);
 
-    /// An identifier of the program as a string. It needs no escapes, and is written faster.
+    /// The same without an object for the value, which is faster.
+    void string(std::string_view value);
+    void number(std::size_t number);
+
+    /// An identifier of the program as a string. It needs no escapes, and no search for
+    /// what needs them.
     void identifier(std::string_view name);
 
 private:
     void begin(char bracket);
     void end(char bracket);
     void beginValue();
+    void flush();
 
     std::ostream& out;
+    std::string text;             ///< What isn't written yet.
     std::vector<bool> isEmpty;    ///< Of each open object and array.
     std::string lineBreak = "\n"; ///< With the indentation of the current line.
     bool hasKey = false;          ///< Whether the next value follows its key.

@@ -90,13 +90,12 @@ TEST(Differences, OperatorsAreMarkedThemselves) {
               "b.ost:1:6: the operator '~' there\n"
               "    1 | x = (~a);\n"
               "      |      ^\n");
-    EXPECT_EQ(differences("x = a';", "x = a.';"),
-              "a.ost:1:6: difference: the operator ''' here\n"
-              "    1 | x = a';\n"
-              "      |      ^\n"
-              "b.ost:1:6: the operator '.'' there\n"
-              "    1 | x = a.';\n"
-              "      |      ^~\n");
+    EXPECT_EQ(differences("x = a';", "x = a.';"), "a.ost:1:6: difference: the operator ''' here\n"
+                                                  "    1 | x = a';\n"
+                                                  "      |      ^\n"
+                                                  "b.ost:1:6: the operator '.'' there\n"
+                                                  "    1 | x = a.';\n"
+                                                  "      |      ^~\n");
 }
 
 TEST(Differences, TextsAreQuoted) {
@@ -107,13 +106,12 @@ TEST(Differences, TextsAreQuoted) {
               "b.ost:1:5: the text 'its' there\n"
               "    1 | x = 'its';\n"
               "      |     ^~~~~\n");
-    EXPECT_EQ(differences("turn on", "turn 'off'"),
-              "a.ost:1:6: difference: the text 'on' here\n"
-              "    1 | turn on\n"
-              "      |      ^~\n"
-              "b.ost:1:6: the text 'off' there\n"
-              "    1 | turn 'off'\n"
-              "      |      ^~~~~\n");
+    EXPECT_EQ(differences("turn on", "turn 'off'"), "a.ost:1:6: difference: the text 'on' here\n"
+                                                    "    1 | turn on\n"
+                                                    "      |      ^~\n"
+                                                    "b.ost:1:6: the text 'off' there\n"
+                                                    "    1 | turn 'off'\n"
+                                                    "      |      ^~~~~\n");
 }
 
 TEST(Differences, LongTextsAreCutInTheMessage) {
@@ -139,19 +137,18 @@ TEST(Differences, KindsAreReportedAtTheHighestNode) {
 }
 
 TEST(Differences, StatementThatPrintsIsComparedAsIfItWereSilent) {
-    EXPECT_EQ(differences("x = 1\n", "x = 2;\n"),
-              "a.ost:1:1: difference: prints its result here\n"
-              "    1 | x = 1\n"
-              "      | ^~~~~\n"
-              "b.ost:1:1: is silent there\n"
-              "    1 | x = 2;\n"
-              "      | ^~~~~\n"
-              "a.ost:1:5: difference: the number 1 here\n"
-              "    1 | x = 1\n"
-              "      |     ^\n"
-              "b.ost:1:5: the number 2 there\n"
-              "    1 | x = 2;\n"
-              "      |     ^\n");
+    EXPECT_EQ(differences("x = 1\n", "x = 2;\n"), "a.ost:1:1: difference: prints its result here\n"
+                                                  "    1 | x = 1\n"
+                                                  "      | ^~~~~\n"
+                                                  "b.ost:1:1: is silent there\n"
+                                                  "    1 | x = 2;\n"
+                                                  "      | ^~~~~\n"
+                                                  "a.ost:1:5: difference: the number 1 here\n"
+                                                  "    1 | x = 1\n"
+                                                  "      |     ^\n"
+                                                  "b.ost:1:5: the number 2 there\n"
+                                                  "    1 | x = 2;\n"
+                                                  "      |     ^\n");
     EXPECT_EQ(count("x = 1;", "x = 1"), 1u);
 }
 
@@ -329,11 +326,11 @@ private:
             break;
         default:
             first += kept;
-            second += name + random.pick(std::vector<std::string>{
-                                 " = f(d, 'b') + 1;\n", " = f(a, 'd') + 1;\n",
-                                 " = f(a, 'b') - 1;\n", " = f(a, 'b') + 2;\n",
-                                 " = f(a, 'b', d) + 1;\n", " = f(a, 'b') + g(1);\n",
-                                 " = f(a, 'b') + 1\n"});
+            second +=
+                name + random.pick(std::vector<std::string>{
+                           " = f(d, 'b') + 1;\n", " = f(a, 'd') + 1;\n", " = f(a, 'b') - 1;\n",
+                           " = f(a, 'b') + 2;\n", " = f(a, 'b', d) + 1;\n",
+                           " = f(a, 'b') + g(1);\n", " = f(a, 'b') + 1\n"});
         }
     }
 
