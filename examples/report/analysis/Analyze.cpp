@@ -43,7 +43,7 @@ public:
         : parsed(toAnalyze), mentioned(parsed), places(parsed.source, *parsed.tree),
           usedAfter(parsed) {}
 
-    File run() {
+    File run(Highlighting highlighting) {
         file.path = parsed.path;
         file.diagnostics = parsed.diagnostics;
         for (const PragmaComment& comment : parsed.pragmas)
@@ -56,7 +56,7 @@ public:
         addRestrictedRemarks();
         addLeavingRemarks();
         sortRemarks();
-        file.syntax = findSyntaxSpans(parsed);
+        if (highlighting == Highlighting::Wanted) file.syntax = findSyntaxSpans(parsed);
         file.source = std::move(parsed.source);
         return std::move(file);
     }
@@ -262,6 +262,8 @@ private:
 
 } // namespace
 
-File analyze(ParsedFile parsed) { return FileAnalysis(parsed).run(); }
+File analyze(ParsedFile parsed, Highlighting highlighting) {
+    return FileAnalysis(parsed).run(highlighting);
+}
 
 } // namespace ostrel::report

@@ -1,7 +1,6 @@
 #include "report/program/FileReport.h"
 
 #include "frontend/InputFile.h"
-#include "report/analysis/Analyze.h"
 #include "report/analysis/TreeCheck.h"
 #include "terminal/Complaint.h"
 
@@ -38,15 +37,15 @@ FileReport withoutFiles(const std::string& folder) {
     return report;
 }
 
-FileReport analyzed(ParsedFile parsed, bool checksTree) {
+FileReport analyzed(ParsedFile parsed, const FileWork& work) {
     FileReport report;
     std::ostringstream findings;
-    if (checksTree && !isTreeCorrect(parsed, findings)) {
+    if (work.checksTree && !isTreeCorrect(parsed, findings)) {
         report.messages = findings.str();
         report.status = EXIT_FILE_HAS_ERRORS;
         return report;
     }
-    report.file = analyze(std::move(parsed));
+    report.file = analyze(std::move(parsed), work.highlighting);
     report.isListed = true;
     if (report.file.hasErrors()) report.status = EXIT_FILE_HAS_ERRORS;
     return report;
@@ -60,7 +59,7 @@ ParsedFile readSource(const std::string& path) {
     return parsed;
 }
 
-FileReport reportOn(const SourceFile& source, bool checksTree, const FileReader& read) {
+FileReport reportOn(const SourceFile& source, const FileWork& work, const FileReader& read) {
     switch (source.kind) {
     case SourceFile::Kind::UnreadableFolder:
         return failed(source.path, source.reason);
@@ -70,7 +69,7 @@ FileReport reportOn(const SourceFile& source, bool checksTree, const FileReader&
         break;
     }
     try {
-        return analyzed(read(source.path), checksTree);
+        return analyzed(read(source.path), work);
     } catch (const std::runtime_error& error) {
         return failed(source.path, error.what());
     } catch (const std::bad_alloc&) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "frontend/ParsedFile.h"
+#include "report/analysis/Analyze.h"
 #include "report/model/Report.h"
 #include "report/program/SourceFiles.h"
 
@@ -29,9 +30,15 @@ struct FileReport {
     int status = EXIT_READ;
 };
 
+/// What is done with each file.
+struct FileWork {
+    bool checksTree = false; ///< Whether the tree is checked before it is analysed.
+    Highlighting highlighting = Highlighting::Wanted;
+};
+
 /// Reads, parses and analyses a file. What can't be read, or not within the memory, has a message
-/// and a `failure`. If `checksTree`, a file whose tree is wrong isn't listed: on such a tree an
-/// analysis may give wrong answers, or not end.
-FileReport reportOn(const SourceFile& source, bool checksTree, const FileReader& read);
+/// and a `failure`. A file whose tree is found wrong isn't listed: on such a tree an analysis may
+/// give wrong answers, or not end.
+FileReport reportOn(const SourceFile& source, const FileWork& work, const FileReader& read);
 
 } // namespace ostrel::report

@@ -28,14 +28,18 @@ namespace {
 /// The writers, by the name of their format.
 struct Format {
     const char* name;
+    Highlighting highlighting;
     std::unique_ptr<ReportWriter> (*makeWriter)(std::ostream& out, const Options& options);
 };
 
 constexpr std::array<Format, 4> FORMATS{{
-    {"text", makeTextWriterFor},
-    {"json", [](std::ostream& out, const Options&) { return makeJsonWriter(out); }},
-    {"sarif", [](std::ostream& out, const Options&) { return makeSarifWriter(out); }},
-    {"html", [](std::ostream& out, const Options&) { return makeHtmlWriter(out); }},
+    {"text", Highlighting::Unwanted, makeTextWriterFor},
+    {"json", Highlighting::Unwanted,
+     [](std::ostream& out, const Options&) { return makeJsonWriter(out); }},
+    {"sarif", Highlighting::Unwanted,
+     [](std::ostream& out, const Options&) { return makeSarifWriter(out); }},
+    {"html", Highlighting::Wanted,
+     [](std::ostream& out, const Options&) { return makeHtmlWriter(out); }},
 }};
 
 void complain(const std::string& message) { std::cerr << complaint("orvex-report", message); }
@@ -56,11 +60,9 @@ std::optional<std::string> objectionTo(const Options& options,
     return std::nullopt;
 }
 
-std::unique_ptr<ReportWriter> makeWriter(std::ostream& out, const Options& options) {
-    const auto format = std::find_if(FORMATS.begin(), FORMATS.end(), [&](const Format& each) {
-        return options.format == each.name;
-    });
-    return format->makeWriter(out, options);
+const Format& formatOf(const Options& options) {
+    return *std::find_if(FORMATS.begin(), FORMATS.end(),
+                         [&](const Format& each) { return options.format == each.name; });
 }
 
 /// Reads, analyses and writes the files. Returns the highest status of one.
@@ -68,10 +70,12 @@ int writeReport(const std::vector<SourceFile>& files, const Options& options,
                 const FileReader& read, OutputFile& output) {
     int status = EXIT_READ;
     Progress progress(files.size(), !output.isTerminal());
-    const std::unique_ptr<ReportWriter> writer = makeWriter(output.stream(), options);
+    const Format& format = formatOf(options);
+    const FileWork work{options.checksTrees, format.highlighting};
+    const std::unique_ptr<ReportWriter> writer = format.makeWriter(output.stream(), options);
     const auto produce = [&](std::size_t i) {
         progress.next(files[i].path);
-        return reportOn(files[i], options.checksTrees, read);
+        return reportOn(files[i], work, read);
     };
     const auto consume = [&](const FileReport& report) {
         progress.write(report.messages);
