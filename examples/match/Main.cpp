@@ -5,11 +5,11 @@
 #include "match/DifferenceWriter.h"
 #include "match/Differences.h"
 #include "match/TreeMatcher.h"
-#include "terminal/ColorChoice.h"
+#include "terminal/ColorOption.h"
 #include "terminal/Complaint.h"
 #include "terminal/DisplayText.h"
 #include "terminal/MessageWriter.h"
-#include "terminal/Terminal.h"
+#include "terminal/TextStyle.h"
 
 #include <zt_orvex/equivalence/EquivalenceFullLogger.h>
 
@@ -17,7 +17,6 @@
 
 #include <cstdio>
 #include <iostream>
-#include <map>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -31,23 +30,12 @@ constexpr const char* PROGRAM = "orvex-match";
 
 enum ExitStatus { EQUIVALENT = 0, DIFFERENT = 1, FAILED = 2 };
 
-const std::map<std::string, ColorChoice> COLOR_CHOICES{
-    {"auto", ColorChoice::Auto}, {"always", ColorChoice::Always}, {"never", ColorChoice::Never}};
-
 struct Options {
     std::string first;
     std::string second;
     ColorChoice color = ColorChoice::Auto;
     bool showsLog = false;
 };
-
-TextStyle styleOf(std::FILE* stream, ColorChoice choice) {
-    TextStyle style;
-    const bool isShown = isTerminal(stream);
-    style.isColored = wantsColor(choice, colorSurroundings(false, isShown));
-    if (isShown) style.width = terminalWidth(stream, style.width);
-    return style;
-}
 
 std::optional<std::string> readText(const std::string& path) {
     try {
@@ -63,7 +51,7 @@ std::optional<ParsedFile> parseFile(const std::string& path, ColorChoice color) 
     const std::optional<std::string> text = readText(path);
     if (!text) return {};
     ParsedFile file = parseOstrel(path, *text);
-    MessageWriter messages(std::cerr, styleOf(stderr, color));
+    MessageWriter messages(std::cerr, styleFor(stderr, color));
     for (const Diagnostic& each : file.diagnostics)
         messages.write(path, file.source, each.place,
                        {Tone::Error, "error", each.message, each.help});
@@ -83,7 +71,7 @@ int compare(const Options& options) {
     if (!first || !second) return FAILED;
     const std::vector<Difference> differences = findDifferences(*first->tree, *second->tree);
     if (differences.empty()) return EQUIVALENT;
-    DifferenceWriter writer(std::cout, styleOf(stdout, options.color), *first, *second);
+    DifferenceWriter writer(std::cout, styleFor(stdout, options.color), *first, *second);
     for (const Difference& difference : differences) {
         writer.write(difference);
         std::cout << '\n';
@@ -106,10 +94,7 @@ int parseAndCompare(int count, char** arguments) {
         return usageComplaint(PROGRAM, error.what());
     });
     Options options;
-    std::string color = "auto";
-    app.add_option("--color", color, "Whether to colour text; auto: on a terminal")
-        ->check(CLI::IsMember({"auto", "always", "never"}))
-        ->capture_default_str();
+    addColorOption(app, options.color);
     app.add_flag("--log", options.showsLog,
                  "Show the steps of the comparison too, to the first difference");
     app.add_option("A", options.first, "The first program; - is standard input")
@@ -123,7 +108,6 @@ int parseAndCompare(int count, char** arguments) {
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? EQUIVALENT : FAILED;
     }
-    options.color = COLOR_CHOICES.at(color);
     if (options.first == "-" && options.second == "-") {
         std::cerr << complaint(PROGRAM, "standard input can be read only once");
         return FAILED;

@@ -1,6 +1,7 @@
 #include "report/program/Options.h"
 
 #include "report/program/FailOn.h"
+#include "terminal/ColorOption.h"
 #include "terminal/Complaint.h"
 #include "terminal/Wrap.h"
 
@@ -8,7 +9,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <map>
 
 namespace ostrel::report {
 
@@ -16,9 +16,6 @@ namespace {
 
 constexpr int WRONG_USAGE = 2;
 constexpr int MAX_JOBS = 1024;
-
-const std::map<std::string, ColorChoice> COLOR_CHOICES{
-    {"auto", ColorChoice::Auto}, {"always", ColorChoice::Always}, {"never", ColorChoice::Never}};
 
 constexpr const char* DESCRIPTION =
     "Reports the role of each variable in the parfor and spmd statements of Ostrel source files.";
@@ -46,7 +43,6 @@ ParsedOptions parseOptions(int count, const char* const* arguments,
                            const std::vector<std::string>& formats) {
     ParsedOptions result;
     Options& options = result.options;
-    std::string color = "auto";
     std::string failOn;
 
     CLI::App app(DESCRIPTION, "orvex-report");
@@ -61,11 +57,7 @@ ParsedOptions parseOptions(int count, const char* const* arguments,
         ->check([](const std::string& path) {
             return path.empty() ? std::string("the name of the file is empty") : std::string();
         });
-    app.add_option("--color", color,
-                   "When to colour text; auto: at a terminal, unless NO_COLOR,\n"
-                   "FORCE_COLOR or CLICOLOR_FORCE says otherwise")
-        ->check(CLI::IsMember({"auto", "always", "never"}))
-        ->capture_default_str();
+    addColorOption(app, options.color);
     app.add_option("--fail-on", failOn,
                    "Exit with status 1 when a remark with such a code was made" + listOfCodes())
         ->type_name("CODE[,CODE...]")
@@ -91,7 +83,6 @@ ParsedOptions parseOptions(int count, const char* const* arguments,
         result.exitStatus = app.exit(error) == 0 ? 0 : WRONG_USAGE;
         return result;
     }
-    options.color = COLOR_CHOICES.at(color);
     if (!failOn.empty()) addCodes(failOn, options.failOn);
     if (options.output == "-") options.output.clear();
     if (std::count(options.files.begin(), options.files.end(), "-") > 1) {
