@@ -101,7 +101,8 @@ private:
         std::size_t line = 1;
         for (const Group& group : groupsOf(file)) {
             if (line < group.firstLine) source.writeLines(line, group.firstLine - 1);
-            out << "<div class=\"group\">\n";
+            out << "<div class=\"group\" style=\"--lines:" << group.lastLine - group.firstLine + 1
+                << "\">\n";
             source.writeLines(group.firstLine, group.lastLine);
             out << "<div class=\"cards\">\n";
             for (std::size_t construct = group.begin; construct < group.end; ++construct)

@@ -14,6 +14,9 @@ namespace ostrel::report {
 
 namespace {
 
+/// A browser lays out chunks in view only.
+constexpr std::size_t LINES_OF_CHUNK = 500;
+
 const char* styleOf(SyntaxKind kind) {
     switch (kind) {
     case SyntaxKind::Keyword:
@@ -81,11 +84,20 @@ void SourceView::addVariables() {
 
 void SourceView::writeLines(std::size_t first, std::size_t last) {
     out << "<div class=\"lines\">";
+    for (std::size_t line = first; line <= last; line += LINES_OF_CHUNK)
+        writeChunk(line, std::min(last, line + LINES_OF_CHUNK - 1));
+    out << "</div>\n";
+}
+
+/// The style sheet numbers the lines, and needs the height of a chunk before it is laid out.
+void SourceView::writeChunk(std::size_t first, std::size_t last) {
+    out << "<div class=\"chunk\" style=\"--before:" << first - 1 << ";--lines:" << last - first + 1
+        << "\">";
     for (std::size_t line = first; line <= last; ++line) {
         writeLine(line);
         writeMessages(line);
     }
-    out << "</div>\n";
+    out << "</div>";
 }
 
 std::size_t SourceView::lineBegin(std::size_t line) const {

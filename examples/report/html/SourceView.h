@@ -32,6 +32,7 @@ private:
 
     void addSyntax();
     void addVariables();
+    void writeChunk(std::size_t first, std::size_t last);
     void writeLine(std::size_t line);
     void writeMarked(const MarkedPiece& piece, std::size_t from, std::size_t to);
     void writeTokens(std::size_t from, std::size_t to);

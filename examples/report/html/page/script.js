@@ -76,7 +76,7 @@
     return { line: byId(file + "L" + line), column, end: endLine > line ? Infinity : endColumn };
   }
 
-  /** Calls `visit` with each text and boxed character of a line and its column, until it says stop. */
+  /** Calls `visit` with each text and boxed character of a line, its column and its length. */
   function walk(line, visit) {
     const texts = document.createTreeWalker(line, NodeFilter.SHOW_TEXT);
     let column = 1;

@@ -88,7 +88,7 @@ TEST(HtmlReport, ErrorIsListedWithItsHelp) {
 
 TEST(HtmlReport, ConstructsThatShareALineShareAGroup) {
     const std::string page = pageOf("spmd\nend; spmd\nend\nspmd\n  spmd, end\nend\n");
-    EXPECT_EQ(count(page, "<div class=\"group\">"), 2u);
+    EXPECT_EQ(count(page, "<div class=\"group\" "), 2u);
     EXPECT_EQ(count(page, "<section class=\"card\""), 4u);
 }
 

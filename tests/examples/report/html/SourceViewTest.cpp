@@ -4,6 +4,7 @@
 
 #include <gmock/gmock.h>
 
+#include <regex>
 #include <string>
 
 namespace ostrel::report::testing {
@@ -26,6 +27,13 @@ File fileOf(std::u16string text) {
     File file;
     file.source = SourceText(std::move(text));
     return file;
+}
+
+/// The lines and their messages alone.
+std::string withoutWrappers(const std::string& view) {
+    static const std::regex wrappers(
+        "<div class=\"lines\">|<div class=\"chunk\"[^>]*>|</div></div>\n");
+    return std::regex_replace(view, wrappers, "");
 }
 
 void addError(File& file, std::size_t offset, std::size_t length, const std::string& message) {
@@ -62,10 +70,11 @@ TEST(SourceView, ErrorIsMarkedInItsLineAndSaidBelowIt) {
     File file = fileOf(u"x = 1;\ny = 2;\n");
     addError(file, 11, 1, "no <2>");
     EXPECT_EQ(viewOf(file),
-              "<div class=\"lines\"><div class=\"line\" id=\"f0L1\">x = 1;</div>"
+              "<div class=\"lines\"><div class=\"chunk\" style=\"--before:0;--lines:3\">"
+              "<div class=\"line\" id=\"f0L1\">x = 1;</div>"
               "<div class=\"line has-error\" id=\"f0L2\">y = <span class=\"at error\">2</span>;"
               "</div><div class=\"below error\"><b>error:</b> no &lt;2&gt;</div>"
-              "<div class=\"line\" id=\"f0L3\"></div></div>\n");
+              "<div class=\"line\" id=\"f0L3\"></div></div></div>\n");
 }
 
 TEST(SourceView, RemarkIsAButtonBelowItsLine) {
@@ -116,18 +125,24 @@ TEST(SourceView, PlaceWithoutLengthAtTheEndIsMarked) {
                                         "<span class=\"at error\"></span></div>"));
 }
 
-TEST(SourceView, LinesWrittenInPartsAreTheSame) {
+TEST(SourceView, LinesMayBeWrittenInParts) {
     const File file = reportOf("x = 1;\nparfor k = 1:3\n  y = ;\nend\n% last\n");
     std::ostringstream out;
     SourceView view(out, file, 0);
     view.writeLines(1, 1);
     view.writeLines(2, 4);
     view.writeLines(5, 6);
-    std::string parts = out.str();
-    for (std::size_t at = 0;
-         (at = parts.find("</div>\n<div class=\"lines\">")) != std::string::npos;)
-        parts.erase(at, std::string_view("</div>\n<div class=\"lines\">").size());
-    EXPECT_EQ(parts, viewOf(file));
+    EXPECT_EQ(count(out.str(), "<div class=\"lines\">"), 3u);
+    EXPECT_EQ(withoutWrappers(out.str()), withoutWrappers(viewOf(file)));
+}
+
+TEST(SourceView, ManyLinesAreInChunksThatCountOn) {
+    const std::string view = viewOf(fileOf(std::u16string(1200, u'\n')));
+    EXPECT_EQ(count(view, "class=\"chunk\""), 3u);
+    EXPECT_THAT(view,
+                HasSubstr("</div></div><div class=\"chunk\" style=\"--before:500;--lines:500\">"
+                          "<div class=\"line\" id=\"f0L501\">"));
+    EXPECT_THAT(view, HasSubstr("style=\"--before:1000;--lines:201\">"));
 }
 
 TEST(SourceView, MarkupAndDirectionsOfTheSourceAreHarmless) {

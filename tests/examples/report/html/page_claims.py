@@ -58,6 +58,23 @@ def check_marks(browser):
     check(count(browser, "#f0 li.remark .help") == 8, "each remark is listed with its help")
 
 
+def number_of(browser, line):
+    """What a reader of the screen is told before the text of a line."""
+    element = browser.execute_cdp_cmd("Runtime.evaluate",
+                                      {"expression": f"document.getElementById('{line}')"})
+    found = browser.execute_cdp_cmd("Accessibility.queryAXTree",
+                                    {"objectId": element["result"]["objectId"],
+                                     "role": "StaticText"})
+    return found["nodes"][0]["name"]["value"]
+
+
+def check_numbers(browser):
+    for line in (2, 30, 64, 120, 128):
+        scroll_to(browser, f"f1L{line}")
+        number = number_of(browser, f"f1L{line}")
+        check(number == str(line), f"line {line} has its number {number!r}")
+
+
 # Paths --------------------------------------------------------------------------------------------
 
 STEPS = """
@@ -276,6 +293,7 @@ def check_sample(browser, page):
     check_quiet(browser, "sample")
     check_index(browser)
     check_marks(browser)
+    check_numbers(browser)
     check_path(browser)
     check_reasons(browser)
     check_boxes(browser)
