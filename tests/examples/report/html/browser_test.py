@@ -134,7 +134,7 @@ def check_scheme(browser, page, scheme):
 
 def use(browser, program, sample, programs, folder):
     page = folder / "report.html"
-    for path in programs:
+    for path in programs + sorted(programs[0].parent.glob("remarks/*.ost")):
         check_program(browser, program, path, page)
     page.write_bytes(output_of(sample, "sample"))
     check_scheme(browser, page, "dark")
