@@ -1,15 +1,18 @@
 // Which block an error calls the one without an `end`.
 #include "Programs.h"
+#include "testing/Random.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 namespace ostrel {
 namespace {
 
 using testing::errors;
 using testing::nodes;
+using zt::orvex::testing::Random;
 
 TEST(MissingEnd, IndentationShowsTheInnerBlock) {
     EXPECT_EQ(errors("function f\n"
@@ -164,6 +167,74 @@ TEST(MissingEnd, BlocksParsedTwiceAreReportedOnce) {
                      "  end\n"
                      "end\n"),
               "5:7: 'if' has no 'end': the 'end' at 7:5 lines up with the 'function' at 3:5\n");
+}
+
+/// Random nested blocks, one line each, indented as the nesting is.
+class Nest {
+public:
+    explicit Nest(Random& source) : random(source) {
+        block(0);
+        while (lines.size() < 8)
+            block(0);
+    }
+
+    struct Line {
+        std::string text;
+        std::size_t opener; ///< Of an `end`: the line of its block; otherwise NONE.
+    };
+    static constexpr std::size_t NONE = static_cast<std::size_t>(-1);
+    std::vector<Line> lines;
+
+private:
+    void block(std::size_t depth) {
+        const std::size_t opener = lines.size();
+        const std::string indent(depth * 4, ' ');
+        const bool isIf = random.oneIn(2);
+        add(indent + (isIf ? "if a"
+                           : random.pick(std::vector<std::string>{"for k = 1:3", "while a",
+                                                                  "parfor k = 1:3", "spmd"})));
+        body(depth);
+        if (isIf && random.oneIn(3)) {
+            add(indent + "else");
+            body(depth);
+        }
+        add(indent + "end", opener);
+    }
+
+    void body(std::size_t depth) {
+        for (std::size_t i = random.below(4); i > 0; --i) {
+            if (depth < 5 && random.oneIn(2)) {
+                block(depth + 1);
+            } else {
+                add(std::string(depth * 4 + 4, ' ') + "x = 1;");
+            }
+        }
+    }
+
+    void add(const std::string& text, std::size_t opener = NONE) {
+        lines.push_back({text, opener});
+    }
+
+    Random& random;
+};
+
+TEST(MissingEnd, RemovedEndIsMissedAtItsBlock) {
+    Random random;
+    SCOPED_TRACE(random.describe());
+    for (std::size_t i = zt::orvex::testing::rounds(3000); i > 0; --i) {
+        const Nest nest(random);
+        std::size_t removed = random.below(nest.lines.size());
+        while (nest.lines[removed].opener == Nest::NONE)
+            removed = (removed + 1) % nest.lines.size();
+        std::string source;
+        for (std::size_t line = 0; line < nest.lines.size(); ++line) {
+            if (line != removed) source += nest.lines[line].text + "\n";
+        }
+        const ParsedFile file = testing::parse(source);
+        ASSERT_EQ(file.diagnostics.size(), 1U) << source << testing::dumpErrors(file);
+        ASSERT_EQ(file.diagnostics[0].place.line, nest.lines[removed].opener + 1)
+            << source << testing::dumpErrors(file);
+    }
 }
 
 } // namespace
