@@ -41,32 +41,42 @@ SyntaxError errorOf(const MissingEnd& missing, const SourceText& source) {
 // What the parser tells
 
 BlockId BlockLog::open(Extent keyword, std::string_view name) {
-    const BlockId block = blocks.size();
-    blocks.push_back({keyword, name, indentAt(keyword.begin)});
-    events.push_back({EventKind::Open, block, 0, 0});
+    blocks.push_back({keyword, name, false});
+    events.push_back({EventKind::Open, blocks.size() - 1, 0});
     ++depth;
-    return block;
+    return blocks.size() - 1;
 }
 
 BlockId BlockLog::openElseIf(Extent place) {
     const BlockId block = open(place, "if");
-    blocks[block].indent = ELSE_IF;
+    blocks[block].isElseIf = true;
     return block;
 }
 
 void BlockLog::close(BlockId block, std::size_t offset) {
-    events.push_back({EventKind::End, block, offset, indentAt(offset)});
+    events.push_back({EventKind::End, block, offset});
     --depth;
 }
 
 void BlockLog::closeWithoutEnd(BlockId block, bool isExcused) {
-    events.push_back({isExcused ? EventKind::Excused : EventKind::NoEnd, block, 0, 0});
+    events.push_back({isExcused ? EventKind::Excused : EventKind::NoEnd, block, 0});
+    mayBeMissing = true;
     --depth;
 }
 
 void BlockLog::goBack(const Mark& mark) {
     blocks.resize(mark.blocks);
     events.resize(mark.events);
+}
+
+// What follows from it
+
+void BlockLog::findIndents() {
+    for (Block& block : blocks)
+        block.indent = block.isElseIf ? ELSE_IF : indentAt(block.place.begin);
+    for (Event& event : events) {
+        if (event.kind == EventKind::End) event.indent = indentAt(event.offset);
+    }
 }
 
 /// The column of a word, counted from 0, or UNKNOWN if it isn't the first of its line.
@@ -81,15 +91,13 @@ std::size_t BlockLog::indentAt(std::size_t offset) const {
     return column;
 }
 
-// What follows from it
-
 /// Whether both stand at the beginning of a line, but the `end` isn't under the block's keyword.
 bool BlockLog::isAskew(const Block& block, const Event& end) {
     return end.indent != UNKNOWN && block.indent != UNKNOWN && block.indent != end.indent;
 }
 
 MissingEnd BlockLog::missing(const Block& block) const {
-    return {block.place, block.name, block.indent == ELSE_IF};
+    return {block.place, block.name, block.isElseIf};
 }
 
 /// Matches the `end`s by indentation.
@@ -165,18 +173,24 @@ private:
 std::vector<MissingEnd> BlockLog::takeMissing() {
     std::vector<MissingEnd> result;
     if (depth > 0) return result;
+    if (std::exchange(mayBeMissing, false)) result = findMissing();
+    blocks.clear();
+    events.clear();
+    return result;
+}
+
+std::vector<MissingEnd> BlockLog::findMissing() {
+    findIndents();
+    std::vector<MissingEnd> result;
     std::size_t askew = 0;
     for (const Event& event : events) {
         const Block& block = blocks[event.block];
         if (event.kind == EventKind::NoEnd) result.push_back(missing(block));
         if (event.kind == EventKind::End && isAskew(block, event)) ++askew;
     }
-    if (!result.empty()) {
-        Realignment realigned(*this);
-        if (realigned.run() && realigned.askew < askew) result = std::move(realigned.missing);
-    }
-    blocks.clear();
-    events.clear();
+    if (result.empty()) return result;
+    Realignment realigned(*this);
+    if (realigned.run() && realigned.askew < askew) return std::move(realigned.missing);
     return result;
 }
 

@@ -45,7 +45,8 @@ SyntaxError errorOf(const MissingEnd& missing, const SourceText& source);
 /// is the one that was meant; otherwise the indentation says nothing, and the parser's holds. The
 /// tree is the parser's in either case.
 ///
-/// Cost: linear in the number of blocks and in the blanks before their keywords.
+/// Cost: linear in the number of blocks, and in the blanks before their keywords if one lacks its
+/// `end`.
 class BlockLog {
 public:
     /// Sizes to go back to when a part of the text is parsed again.
@@ -77,17 +78,20 @@ private:
     enum class EventKind { Open, End, NoEnd, Excused };
     struct Event {
         EventKind kind;
-        BlockId block;      ///< For an End, as the parser matches it.
-        std::size_t offset; ///< Of an End.
-        std::size_t indent; ///< Of an End.
+        BlockId block;          ///< For an End, as the parser matches it.
+        std::size_t offset;     ///< Of an End.
+        std::size_t indent = 0; ///< Of an End; set by `findIndents`.
     };
     struct Block {
         Extent place;
         std::string_view name;
-        std::size_t indent;
+        bool isElseIf;
+        std::size_t indent = 0; ///< Set by `findIndents`.
     };
     class Realignment;
 
+    std::vector<MissingEnd> findMissing();
+    void findIndents();
     std::size_t indentAt(std::size_t offset) const;
     static bool isAskew(const Block& block, const Event& end);
     MissingEnd missing(const Block& block) const;
@@ -96,6 +100,7 @@ private:
     std::vector<Block> blocks;
     std::vector<Event> events;
     std::size_t depth = 0;
+    bool mayBeMissing = false; ///< Whether a block may have no `end`.
 };
 
 } // namespace ostrel
