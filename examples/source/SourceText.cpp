@@ -19,10 +19,22 @@ void appendUtf16(std::u16string& units, char32_t value) {
     units.push_back(static_cast<char16_t>(0xDC00 + (value & 0x3FF)));
 }
 
+/// Where the bytes from `at` on stop being ASCII, as most of a program is.
+std::size_t skipAscii(std::string_view utf8, std::size_t at) {
+    const auto rest = utf8.begin() + static_cast<std::ptrdiff_t>(at);
+    const auto isAscii = [](char byte) { return static_cast<unsigned char>(byte) < 0x80; };
+    return static_cast<std::size_t>(std::find_if_not(rest, utf8.end(), isAscii) - utf8.begin());
+}
+
 /// Appends the code points up to the first wrong byte, and returns the index of that byte.
 std::size_t decode(std::string_view utf8, std::u16string& units) {
     std::size_t at = 0;
-    while (at < utf8.size()) {
+    while (true) {
+        const std::size_t end = skipAscii(utf8, at);
+        units.append(utf8.begin() + static_cast<std::ptrdiff_t>(at),
+                     utf8.begin() + static_cast<std::ptrdiff_t>(end));
+        at = end;
+        if (at == utf8.size()) break;
         char32_t value = 0;
         const std::size_t length = readCodePoint(utf8, at, value);
         if (length == 0) break;

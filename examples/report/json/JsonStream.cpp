@@ -36,7 +36,8 @@ std::string dump(std::string_view text) {
 
 void JsonStream::key(std::string_view name) {
     beginValue();
-    text.append(1, '"').append(name).append("\": ");
+    text += '"';
+    text.append(name).append("\": ");
     hasKey = true;
 }
 
@@ -79,7 +80,9 @@ void JsonStream::number(std::size_t number) {
 
 void JsonStream::identifier(std::string_view name) {
     beginValue();
-    text.append(1, '"').append(name).append(1, '"');
+    text += '"';
+    text += name;
+    text += '"';
 }
 
 void JsonStream::begin(char bracket) {
