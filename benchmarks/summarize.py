@@ -72,7 +72,8 @@ class Table:
             print(f"| {what} | {against} | {mine} | {other} | - | {goal or ''} | not measured |")
             return
         if goal is None:
-            print(f"| {what} | {against} | {mine} | {other} | {ratio(measured)} |  |  |")
+            shown = ratio(measured) if other else mine
+            print(f"| {what} | {against} | {mine} | {other} | {shown} |  |  |")
             return
         reached = measured <= goal
         if not reached:
