@@ -17,35 +17,35 @@ Stretch::Stretch(flow::OrderedSet<SymbolView> variables, StatementRangeView stat
       // For every variable but `ans`, this mode is the same as Plain.
       graph(universe, statements, flow::AnalysisTypeView::May, flow::AnalysisModeView::Ans) {}
 
-BodyAround::BodyAround(const Tree& program, StatementRangeView body,
+BodyAround::BodyAround(const Tree& program, const Occurrences& inProgram, StatementRangeView body,
                        std::vector<SymbolView> outputVariables)
-    : tree(program), statements(body), outputs(std::move(outputVariables)) {
+    : tree(program), occurrences(inProgram), statements(body), outputs(std::move(outputVariables)) {
     for (const NodeView statement : statements) {
         begins.push_back(tree.beginOffset(statement));
-        noteMentions(begins.size() - 1);
+        end = tree.endOffset(statement);
     }
     isLookedAt.resize(begins.size());
 }
 
-void BodyAround::noteMentions(std::size_t statement) {
-    forEachNodeIn(statements[statement], [&](NodeView node) {
-        if (node.getKind() == NodeKind::ReturnStatement) noteReturn(statement);
-        if (node.getKind() != NodeKind::Identifier) return;
-        const SymbolView symbol = IdentifierView(node).getIdentifierSymbol();
-        if (!symbol.view->isVariableSymbol(symbol.symbol)) return;
-        std::vector<Mention>& known = mentions[symbol].all;
-        if (known.empty() || known.back().statement != statement) known.push_back({statement});
-    });
+BodyAround::Mentions& BodyAround::mentionsOf(SymbolView variable) {
+    const auto [found, isNew] = mentions.try_emplace(variable);
+    Mentions& of = found->second;
+    if (!isNew || begins.empty()) return of;
+    const Occurrences::Offsets offsets = occurrences.of(variable);
+    for (auto at = std::lower_bound(offsets.begin(), offsets.end(), begins.front());
+         at != offsets.end() && *at < end; ++at) {
+        const std::size_t statement = indexAt(*at);
+        if (of.all.empty() || of.all.back().statement != statement) of.all.push_back({statement});
+    }
+    return of;
 }
 
-void BodyAround::noteReturn(std::size_t statement) {
-    if (returns.empty() || returns.back() != statement) returns.push_back(statement);
-}
-
-std::size_t BodyAround::indexOf(NodeView node) const {
-    const auto next = std::upper_bound(begins.begin(), begins.end(), tree.beginOffset(node));
+std::size_t BodyAround::indexAt(std::size_t offset) const {
+    const auto next = std::upper_bound(begins.begin(), begins.end(), offset);
     return static_cast<std::size_t>(next - begins.begin()) - 1;
 }
+
+std::size_t BodyAround::indexOf(NodeView node) const { return indexAt(tree.beginOffset(node)); }
 
 bool BodyAround::isOutput(SymbolView variable) const {
     return std::find(outputs.begin(), outputs.end(), variable) != outputs.end();
@@ -87,7 +87,7 @@ void BodyAround::lookAt(std::size_t index) {
     const Stretch& alone = statement(index);
     const UnwrittenVariables unwritten(alone.graph);
     for (std::uint64_t i = 0; i < alone.universe.size(); ++i) {
-        std::vector<Mention>& known = mentions[alone.universe.elementAt(i)].all;
+        std::vector<Mention>& known = mentionsOf(alone.universe.elementAt(i)).all;
         const auto mention = std::lower_bound(
             known.begin(), known.end(), index,
             [](const Mention& a, std::size_t statement) { return a.statement < statement; });
@@ -96,10 +96,38 @@ void BodyAround::lookAt(std::size_t index) {
     }
 }
 
+/// Whether the statement is a loop over the variable that doesn't read it first. Most mentions of
+/// the variable of a construct are such loops, which spares them a closer look.
+bool BodyAround::isWrittenByHead(std::size_t index, SymbolView variable) const {
+    const NodeView statement = statements[index];
+    const auto isOver = [&](NodeView name) {
+        return name.getKind() == NodeKind::Identifier &&
+               IdentifierView(name).getIdentifierSymbol() == variable;
+    };
+    bool isRead = false;
+    const auto lookInto = [&](NodeView expression) {
+        forEachNodeIn(expression, [&](NodeView node) { isRead = isRead || isOver(node); });
+    };
+    if (statement.getKind() == NodeKind::ForStatement) {
+        const ForStatementView loop(statement);
+        if (!isOver(loop.getForVariable())) return false;
+        lookInto(loop.getForExpression());
+    } else if (statement.getKind() == NodeKind::ParforStatement) {
+        const ParforStatementView loop(statement);
+        if (!isOver(loop.getParforVariable())) return false;
+        lookInto(loop.getParforExpression());
+        for (const NodeView option : loop.getParforOptions())
+            lookInto(option);
+    } else {
+        return false;
+    }
+    return !isRead;
+}
+
 /// `decide` says of a mention where it leads: to a statement, to nowhere (size()), or on (nothing).
 template <typename Decide>
-std::size_t BodyAround::firstDecision(std::size_t after, Mentions& of, Decisions& known,
-                                      Decide decide) {
+std::size_t BodyAround::firstDecision(std::size_t after, SymbolView variable, Mentions& of,
+                                      Decisions& known, Decide decide) {
     known.resize(of.all.size());
     const auto first = static_cast<std::size_t>(
         std::upper_bound(of.all.begin(), of.all.end(), after,
@@ -109,7 +137,9 @@ std::size_t BodyAround::firstDecision(std::size_t after, Mentions& of, Decisions
         of.all.begin());
     std::size_t next = first;
     while (next < of.all.size() && !known[next]) {
-        lookAt(of.all[next].statement);
+        const std::size_t statement = of.all[next].statement;
+        // A new mention neither reads nor keeps the value.
+        if (!isWrittenByHead(statement, variable)) lookAt(statement);
         known[next] = decide(of.all[next]);
         ++next;
         if (known[next - 1]) break;
@@ -124,25 +154,27 @@ std::size_t BodyAround::firstDecision(std::size_t after, Mentions& of, Decisions
 }
 
 std::optional<std::size_t> BodyAround::nextRead(std::size_t after, SymbolView variable) {
-    Mentions& of = mentions[variable];
+    Mentions& of = mentionsOf(variable);
     const auto decide = [&](const Mention& mention) -> std::optional<std::size_t> {
         if (mention.mayRead) return mention.statement;
         if (!mention.mayKeep) return size();
         return {};
     };
-    const std::size_t read = firstDecision(after, of, of.reads, decide);
+    const std::size_t read = firstDecision(after, variable, of, of.reads, decide);
     return read == size() ? std::nullopt : std::optional<std::size_t>(read);
 }
 
 bool BodyAround::mayReturn(std::size_t after, SymbolView variable) {
     if (!isOutput(variable)) return false;
-    Mentions& of = mentions[variable];
+    Mentions& of = mentionsOf(variable);
     const auto decide = [](const Mention& mention) {
         return mention.mayKeep ? std::nullopt : std::optional<std::size_t>(mention.statement);
     };
-    const std::size_t write = firstDecision(after, of, of.writes, decide);
-    const auto jump = std::lower_bound(returns.begin(), returns.end(), after);
-    return write == size() || (jump != returns.end() && *jump <= write);
+    const std::size_t write = firstDecision(after, variable, of, of.writes, decide);
+    if (write == size()) return true;
+    const Occurrences::Offsets returns = occurrences.returns();
+    const auto jump = std::lower_bound(returns.begin(), returns.end(), begins[after]);
+    return jump != returns.end() && *jump < tree.endOffset(statements[write]);
 }
 
 } // namespace ostrel::report

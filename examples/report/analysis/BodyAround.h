@@ -1,5 +1,6 @@
 #pragma once
 
+#include "report/analysis/Occurrences.h"
 #include "report/analysis/UnwrittenVariables.h"
 #include "tree/Tree.h"
 
@@ -34,10 +35,10 @@ struct Stretch {
 /// then alone; once, for all of its variables.
 class BodyAround {
 public:
-    /// `outputs` are the variables that are read at the end of the body. Refers to `tree`. Cost:
-    /// linear in the body.
-    BodyAround(const Tree& program, zt::orvex::StatementRangeView body,
-               std::vector<zt::orvex::SymbolView> outputs);
+    /// `outputs` are the variables that are read at the end of the body. Refers to the tree and its
+    /// occurrences. Cost: linear in the statements, without what they contain.
+    BodyAround(const Tree& program, const Occurrences& inProgram,
+               zt::orvex::StatementRangeView body, std::vector<zt::orvex::SymbolView> outputs);
 
     /// Which of its statements the node is in.
     std::size_t indexOf(zt::orvex::NodeView node) const;
@@ -58,7 +59,7 @@ public:
 
     // Where a value goes that the variable has after a statement. What stops control from getting
     // there isn't looked at, so the answers hold for the values alone. Cost: that of each statement
-    // once, and of each mention once.
+    // which names the variable once, and of each mention once.
 
     /// The next statement that may read it; nothing if all that name it before write it first.
     std::optional<std::size_t> nextRead(std::size_t after, zt::orvex::SymbolView variable);
@@ -67,11 +68,11 @@ public:
     /// caller takes it; false for a variable that is no output.
     bool mayReturn(std::size_t after, zt::orvex::SymbolView variable);
 
+    bool isOutput(zt::orvex::SymbolView variable) const;
+
     std::size_t size() const { return begins.size(); }
 
 private:
-    bool isOutput(zt::orvex::SymbolView variable) const;
-
     /// What a statement does with a value that one of its variables has before it.
     struct Mention {
         std::size_t statement;
@@ -88,18 +89,20 @@ private:
     };
 
     template <typename Decide>
-    std::size_t firstDecision(std::size_t after, Mentions& mentionsOfOne, Decisions& known,
-                              Decide decide);
-    void noteMentions(std::size_t statement);
-    void noteReturn(std::size_t statement);
+    std::size_t firstDecision(std::size_t after, zt::orvex::SymbolView variable,
+                              Mentions& mentionsOfIt, Decisions& known, Decide decide);
+    Mentions& mentionsOf(zt::orvex::SymbolView variable);
     void lookAt(std::size_t statement);
+    bool isWrittenByHead(std::size_t statement, zt::orvex::SymbolView variable) const;
+    std::size_t indexAt(std::size_t offset) const;
 
     const Tree& tree;
+    const Occurrences& occurrences;
     const zt::orvex::StatementRangeView statements;
     const std::vector<zt::orvex::SymbolView> outputs;
     std::vector<std::size_t> begins; ///< The offset of each statement.
-    std::unordered_map<zt::orvex::SymbolView, Mentions> mentions;
-    std::vector<std::size_t> returns; ///< The statements with a `return`, ascending.
+    std::size_t end = 0;             ///< The offset after the last one.
+    std::unordered_map<zt::orvex::SymbolView, Mentions> mentions; ///< Those asked for so far.
     std::vector<bool> isLookedAt;
     std::size_t current = 0; ///< The statement of `currentStretch`.
     std::unique_ptr<Stretch> currentStretch;

@@ -20,6 +20,17 @@ StatementRangeView bodyOf(const ostrel::Construct& construct) {
                : SpmdStatementView(construct.node).getSpmdBody();
 }
 
+namespace {
+
+/// A body that doesn't name `ans` can't read it, so the library needn't be asked.
+template <typename ConstructView>
+bool readsAnsFirst(ConstructView construct, const flow::OrderedSet<SymbolView>& universe,
+                   SymbolView ans) {
+    return universe.contains(ans) && flow::isAnsPossiblyReadBeforeBeingWritten(construct, ans, {});
+}
+
+} // namespace
+
 LibraryAnswers askLibrary(const ostrel::Construct& construct,
                           const flow::OrderedSet<SymbolView>& universe, SymbolView ans) {
     LibraryAnswers answers;
@@ -29,13 +40,11 @@ LibraryAnswers askLibrary(const ostrel::Construct& construct,
         answers.maybeLiveAsTemporary =
             flow::computeMaybeLiveAsTemporaryVariables(loop, universe, {});
         answers.notLiveAsSliced = flow::computeNotLiveAsSlicedVariables(loop, universe, {});
-        answers.ansPossiblyReadBeforeBeingWritten =
-            flow::isAnsPossiblyReadBeforeBeingWritten(loop, ans, {});
+        answers.ansPossiblyReadBeforeBeingWritten = readsAnsFirst(loop, universe, ans);
     } else {
         const SpmdStatementView block(construct.node);
         answers.outputs = flow::computeSpmdOutputVariables(block, universe, {});
-        answers.ansPossiblyReadBeforeBeingWritten =
-            flow::isAnsPossiblyReadBeforeBeingWritten(block, ans, {});
+        answers.ansPossiblyReadBeforeBeingWritten = readsAnsFirst(block, universe, ans);
     }
     return answers;
 }

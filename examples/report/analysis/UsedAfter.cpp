@@ -2,7 +2,6 @@
 
 #include "report/analysis/LibraryAnswers.h"
 
-#include <zt_orvex/ast/ForEachNodeIn.h>
 #include <zt_orvex/ast/NodeKind.h>
 #include <zt_orvex/ast/TypedViews.h>
 #include <zt_orvex_kit/reasons/Explain.h>
@@ -49,10 +48,12 @@ std::shared_ptr<const FlowGraph> graphOf(std::unique_ptr<Stretch> stretch) {
 
 } // namespace
 
-UsedAfter::UsedAfter(const ParsedFile& parsed) : file(parsed) {
-    forEachNodeIn(file.root, [&](NodeView node) {
-        if (node.getKind() == NodeKind::FunctionDefinition) functions.push_back(node);
-    });
+UsedAfter::UsedAfter(const ParsedFile& parsed) : file(parsed), occurrences(*parsed.tree) {
+    const std::vector<Node>& nodes = file.tree->parts().nodes;
+    for (NodeId id = 0; id < nodes.size(); ++id) {
+        if (nodes[id].kind == NodeKind::FunctionDefinition)
+            functions.push_back(file.tree->view(id));
+    }
     std::sort(functions.begin(), functions.end(), [&](NodeView a, NodeView b) {
         return file.tree->beginOffset(a) < file.tree->beginOffset(b);
     });
@@ -104,7 +105,7 @@ BodyAround& UsedAfter::bodyAround(std::size_t construct) {
         const NodeRangeView nodes = ProgramView(owner).getProgramNodes();
         statements = {nodes.first, nodes.second, nodes.view};
     }
-    body = std::make_unique<BodyAround>(*file.tree, statements, std::move(outputs));
+    body = std::make_unique<BodyAround>(*file.tree, occurrences, statements, std::move(outputs));
     return *body;
 }
 
@@ -129,30 +130,35 @@ std::optional<LostValue> UsedAfter::findFrom(std::size_t index, const FlowGraph&
     BodyAround& around = bodyAround(index);
     const NodeView node = file.constructs[index].node;
     const std::size_t first = around.indexOf(node);
+    const bool isAlone = around.isStatement(first, node);
+    const bool isMentionedLater = occurrences.isMentionedFrom(file.tree->endOffset(node), variable);
+    if (isAlone && !isMentionedLater && !around.isOutput(variable)) return {};
+
     // The head writes the variable of the loop, so for that one it is a part of the construct.
     std::unique_ptr<Stretch> whole;
-    if (isLoopVariable) {
-        whole = std::make_unique<Stretch>(flow::OrderedSet<SymbolView>{variable},
-                                          StatementRangeView{elements[index], 1, node.view});
-    }
-    const FlowGraph& construct = isLoopVariable ? whole->graph : body;
-
-    if (!around.isStatement(first, node)) {
+    const auto construct = [&]() -> const FlowGraph& {
+        if (!isLoopVariable) return body;
+        if (!whole)
+            whole = std::make_unique<Stretch>(flow::OrderedSet<SymbolView>{variable},
+                                              StatementRangeView{elements[index], 1, node.view});
+        return whole->graph;
+    };
+    if (!isAlone) {
         const Stretch& here = around.statement(first);
-        if (isLiveAfter(construct, here.graph, here.universe.indexOrSize(variable))) {
+        if (isLiveAfter(construct(), here.graph, here.universe.indexOrSize(variable))) {
             auto stretch = around.stretch(first, first, variable);
-            auto reason = kit::explainUsedAfter(construct, stretch->graph, variable);
+            auto reason = kit::explainUsedAfter(construct(), stretch->graph, variable);
             if (reason) return lostValue(std::move(reason), graphOf(std::move(stretch)));
         }
     }
     if (const std::optional<std::size_t> read = around.nextRead(first, variable)) {
         auto stretch = around.stretch(first, *read, variable);
-        auto reason = kit::explainUsedAfter(construct, stretch->graph, variable);
+        auto reason = kit::explainUsedAfter(construct(), stretch->graph, variable);
         if (reason) return lostValue(std::move(reason), graphOf(std::move(stretch)));
     }
     if (!around.mayReturn(first, variable)) return {};
     auto stretch = around.stretch(first, around.size() - 1, variable);
-    auto reason = kit::explainReachesExit(construct, stretch->graph, variable);
+    auto reason = kit::explainReachesExit(construct(), stretch->graph, variable);
     return lostValue(std::move(reason), graphOf(std::move(stretch)));
 }
 

@@ -2,6 +2,7 @@
 
 #include "frontend/ParsedFile.h"
 #include "report/analysis/BodyAround.h"
+#include "report/analysis/Occurrences.h"
 
 #include <zt_orvex/ast/SymbolView.h>
 #include <zt_orvex_kit/body/FlowGraph.h>
@@ -43,6 +44,7 @@ private:
     zt::orvex::NodeView scopeAround(std::size_t construct) const;
 
     const ParsedFile& file;
+    const Occurrences occurrences;
     std::vector<zt::orvex::NodeView> functions; ///< In source order.
     std::vector<std::optional<std::size_t>> enclosing;
     std::vector<std::uint64_t> elements; ///< Of each construct: where its range has it.
