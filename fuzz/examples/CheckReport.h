@@ -4,6 +4,7 @@
 #include "report/analysis/Analyze.h"
 #include "report/html/HtmlReport.h"
 #include "report/json/JsonReport.h"
+#include "report/sarif/SarifReport.h"
 #include "report/text/TextReport.h"
 #include "terminal/DisplayText.h"
 
@@ -47,6 +48,17 @@ inline void checkJsonReport(const ostrel::report::Report& report) {
     }
 }
 
+inline void checkSarifReport(const ostrel::report::Report& report) {
+    std::ostringstream text;
+    writeSarifReport(text, report);
+    const nlohmann::json parsed = nlohmann::json::parse(text.str(), nullptr, false);
+    require(!parsed.is_discarded(), "the SARIF report is JSON");
+    std::size_t expected = 0;
+    for (const ostrel::report::File& file : report.files)
+        expected += file.diagnostics.size() + file.remarks.size();
+    require(parsed["runs"][0]["results"].size() == expected, "it has each error and remark");
+}
+
 inline void checkHtmlReport(const ostrel::report::Report& report) {
     std::ostringstream text;
     writeHtmlReport(text, report);
@@ -61,6 +73,7 @@ inline void checkReport(ostrel::ParsedFile file, bool isColored, std::size_t wid
     report.files.push_back(ostrel::report::analyze(std::move(file)));
     checkTextReport(report, isColored, width);
     checkJsonReport(report);
+    checkSarifReport(report);
     checkHtmlReport(report);
 }
 
