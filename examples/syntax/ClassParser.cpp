@@ -107,7 +107,7 @@ NodeId ClassParser::block() {
 }
 
 /// Functions outside a block of methods. Either the block before them lacks its `end`, which has
-/// been reported, and the `end` after them was meant for the methods; or there is no block at all.
+/// been reported, and the `end` after them was meant for the methods; or no such block exists.
 NodeId ClassParser::methodsWithoutBlock() {
     const Extent first = state.place();
     const std::size_t begin = first.begin;

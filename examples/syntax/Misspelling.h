@@ -27,7 +27,7 @@ std::optional<Misspelling> misspellingAt(const SourceText& source, Extent word);
 std::string didYouMean(const Misspelling& misspelling);
 
 /// The words at the beginning of a scope's statements that aren't keywords, and might be meant as
-/// one: that of a command such as `parfro i = 1:3`, which is no error by itself.
+/// one: that of a command such as `parfro i = 1:3`, which isn't an error by itself.
 ///
 /// Adding a word costs next to nothing. Each is compared with the keywords at most once, when an
 /// `end` turns up that closes nothing.

@@ -65,7 +65,7 @@ public:
     std::optional<std::size_t> nextRead(std::size_t after, zt::orvex::SymbolView variable);
 
     /// Whether it may still be there at the end of the body, or at a return, where a function's
-    /// caller takes it; false for a variable that is no output.
+    /// caller takes it; false for a variable that isn't an output.
     bool mayReturn(std::size_t after, zt::orvex::SymbolView variable);
 
     bool isOutput(zt::orvex::SymbolView variable) const;

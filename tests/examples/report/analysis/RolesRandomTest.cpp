@@ -14,9 +14,9 @@
 #include <string>
 #include <vector>
 
-// The roles once more, decided by a plain program that knows nothing of trees and graphs: it makes
-// random programs of a few forms, keeps what they consist of beside their text, and works on that.
-// What is live it takes from the report, which has it from the library.
+// A second, plain implementation of the roles that knows nothing of trees and graphs. It generates
+// random programs of a few forms, keeps their structure beside their text, and works on that. It
+// takes what is live from the report, which has it from the library.
 
 namespace ostrel::report::testing {
 
