@@ -2,6 +2,7 @@
 
 #include "frontend/ParsedFile.h"
 #include "report/analysis/Analyze.h"
+#include "report/analysis/PathSteps.h"
 #include "report/model/Report.h"
 
 #include <gtest/gtest.h>
@@ -37,10 +38,6 @@ inline Role roleIn(std::string_view text, std::string_view name) {
     const File file = reportOf(text);
     EXPECT_FALSE(file.hasErrors()) << file.diagnostics.front().message;
     return variableOf(file.constructs.at(0), name).role;
-}
-
-inline std::string lineAndColumn(const Place& place) {
-    return std::to_string(place.line) + ":" + std::to_string(place.column);
 }
 
 } // namespace ostrel::report::testing
