@@ -1,7 +1,3 @@
-# 64-bit ARM Linux, compiled and tried on another Linux under qemu.
-set(CMAKE_SYSTEM_NAME Linux)
+# Linux on 64-bit ARM.
 set(CMAKE_SYSTEM_PROCESSOR aarch64)
-set(CMAKE_CXX_COMPILER aarch64-linux-gnu-g++)
-set(CMAKE_C_COMPILER aarch64-linux-gnu-gcc)
-set(CMAKE_CROSSCOMPILING_EMULATOR "qemu-aarch64-static;-L;/usr/aarch64-linux-gnu")
-set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+include("${CMAKE_CURRENT_LIST_DIR}/linux.cmake")

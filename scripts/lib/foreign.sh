@@ -56,13 +56,18 @@ unpack_source() {
     dpkg-source --no-check --extract "$apt/$package"_*.dsc "$folder"
 }
 
-# copy_headers FOLDER: the libraries that are headers only, in FOLDER/include. A compiler for another
-# platform must not search /usr/include, where the headers of this machine's C library are, too.
+# copy_headers FOLDER: the libraries that are headers only, in FOLDER/include, and what CMake finds them
+# by. A compiler for another platform must not search /usr/include, where the headers of this machine's
+# C library are, too.
 copy_headers() {
     local name
-    mkdir -p "$1/include"
+    mkdir -p "$1/include" "$1/share/cmake"
     for name in boost fast_float CLI nlohmann; do
         [ -e "$1/include/$name" ] || cp -r "/usr/include/$name" "$1/include/"
+    done
+    # These name the headers by the way from their own folder. CMake needs none to find Boost's.
+    for name in /usr/lib/cmake/FastFloat /usr/share/cmake/CLI11 /usr/share/cmake/nlohmann_json; do
+        [ -e "$1/share/cmake/$(basename "$name")" ] || cp -r "$name" "$1/share/cmake/"
     done
 }
 
