@@ -75,9 +75,9 @@ function(step_tools)
     foreach(command "bin/orvex-report;${program}" "bin/orvex-match;${program};${program}"
             "bin/orvex-report;--version" "bin/orvex-match;--version")
         list(POP_FRONT command tool)
-        run("${moved}/${tool}" ${command})
+        run(${EMULATOR} "${moved}/${tool}" ${command})
         execute_process(COMMAND "${CMAKE_COMMAND}" -E env LD_TRACE_LOADED_OBJECTS=1
-            "${moved}/${tool}" OUTPUT_VARIABLE loaded COMMAND_ERROR_IS_FATAL ANY)
+            ${EMULATOR} "${moved}/${tool}" OUTPUT_VARIABLE loaded COMMAND_ERROR_IS_FATAL ANY)
         string(FIND "${loaded}" "=> ${moved}/bin/../${LIBDIR}/libzt_orvex.so" position)
         if(position EQUAL -1)
             message(FATAL_ERROR "${tool} loads its library from elsewhere: ${loaded}")
