@@ -1,6 +1,7 @@
 #include "WalkTraces.h"
 #include "ast/ForEachForStatementIn.h"
 #include "testing/Random.h"
+#include "testing/StackBounds.h"
 
 #include <zt_orvex/ast/ForEachNodeIn.h>
 
@@ -118,9 +119,11 @@ std::size_t bytesPerLevel(const Way& way) {
 }
 
 #if defined(NDEBUG) && !ZT_ORVEX_TEST_SANITIZED
-TEST(WalkStack, LevelOfTheTreeTakesAtMost160Bytes) {
+TEST(WalkStack, LevelOfTheTreeTakesFewBytes) {
+    if (!stackBounds()) GTEST_SKIP() << NO_STACK_BOUNDS;
     for (const Way& way : allWays()) {
-        EXPECT_LE(bytesPerLevel(way), 160U) << nameOf(way.accessors[way.part]);
+        EXPECT_LE(bytesPerLevel(way), stackBounds()->bytesOfWalk)
+            << nameOf(way.accessors[way.part]);
     }
 }
 #endif

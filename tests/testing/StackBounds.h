@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+
+namespace zt::orvex::testing {
+
+/// How much of the stack an optimised build may take, for each level of a tree, and how many of the
+/// levels in docs/limits.md it has to reach.
+struct StackBounds {
+    std::size_t bytesOfWalk;
+    std::size_t bytesOfExpression;
+    std::size_t percentOfDepths; ///< The page is about g++ on x86-64.
+};
+
+/// The bounds on this processor; none if nobody has measured yet. The frames of s390x are larger: each
+/// begins with 160 bytes for the registers that the called function saves.
+constexpr std::optional<StackBounds> stackBounds() {
+#if defined(__x86_64__) || defined(__aarch64__)
+    return StackBounds{160, 320, 80};
+#elif defined(__s390x__)
+    return StackBounds{240, 800, 40};
+#else
+    return std::nullopt;
+#endif
+}
+
+constexpr const char* NO_STACK_BOUNDS = "nobody has measured frames on this processor yet";
+
+} // namespace zt::orvex::testing
