@@ -49,9 +49,17 @@ zt_orvex_pkg_config_place(pkg_config_libdir "${CMAKE_INSTALL_LIBDIR}")
 zt_orvex_pkg_config_place(pkg_config_includedir "${CMAKE_INSTALL_INCLUDEDIR}")
 
 # The public headers need Boost's, for which there is no pkg-config file to require. If the compiler
-# doesn't search their folder by default, the flags name it.
+# doesn't search their folder by default, the flags name it. A folder below a root of a cross
+# compilation is named as the system has it whose files are there.
 set(pkg_config_boost)
 foreach(folder IN LISTS Boost_INCLUDE_DIRS)
+    foreach(root IN LISTS CMAKE_FIND_ROOT_PATH)
+        string(FIND "${folder}" "${root}/" position)
+        if(position EQUAL 0)
+            file(RELATIVE_PATH folder "${root}" "${folder}")
+            string(PREPEND folder "/")
+        endif()
+    endforeach()
     if(NOT folder IN_LIST CMAKE_CXX_IMPLICIT_INCLUDE_DIRECTORIES)
         string(APPEND pkg_config_boost " -I${folder}")
     endif()

@@ -2,6 +2,12 @@
 # GENERATOR, COMPILER, FLAGS, TOOLCHAIN, ROOTS and PREFIXES are those of its build. EMULATOR is the
 # command that starts programs of another platform, and empty for this one.
 
+# A compiler for another platform doesn't search the headers of that system by itself.
+set(system_headers)
+foreach(root IN LISTS ROOTS)
+    list(APPEND system_headers -isystem "${root}/usr/include")
+endforeach()
+
 # Runs a program of the consumer, which must succeed and print `expected_output`.
 function(run_consumer program)
     execute_process(COMMAND ${EMULATOR} "${program}" OUTPUT_VARIABLE output RESULT_VARIABLE result)

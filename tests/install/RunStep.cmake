@@ -71,6 +71,12 @@ function(step_tools)
         message(FATAL_ERROR "installed: ${installed}")
     endif()
 
+    if(ROOTS)
+        # Where the programs find the libraries that belong to the system of their platform.
+        list(TRANSFORM ROOTS APPEND "/usr/lib/${LIBRARY_ARCHITECTURE}" OUTPUT_VARIABLE folders)
+        list(JOIN folders ":" folders)
+        set(ENV{LD_LIBRARY_PATH} "${folders}")
+    endif()
     set(program "${SOURCE_DIR}/examples/programs/sieve.ost")
     foreach(command "bin/orvex-report;${program}" "bin/orvex-match;${program};${program}"
             "bin/orvex-report;--version" "bin/orvex-match;--version")
@@ -112,6 +118,7 @@ function(step_pkg_config)
     execute_process(COMMAND "${pkg_config}" --cflags --libs "zt_orvex >= 1.0"
         OUTPUT_VARIABLE flags COMMAND_ERROR_IS_FATAL ANY)
     separate_arguments(flags UNIX_COMMAND "${flags} ${FLAGS}")
+    list(APPEND flags ${system_headers})
     execute_process(COMMAND "${pkg_config}" --variable=libdir zt_orvex
         OUTPUT_VARIABLE libdir OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
     separate_arguments(rpath UNIX_COMMAND "-Wl,-rpath,${libdir}")

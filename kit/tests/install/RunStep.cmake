@@ -63,6 +63,7 @@ function(step_pkg_config)
     execute_process(COMMAND "${pkg_config}" --cflags --libs "zt_orvex_kit >= 1.0"
         OUTPUT_VARIABLE flags COMMAND_ERROR_IS_FATAL ANY)
     separate_arguments(flags UNIX_COMMAND "${flags} ${FLAGS}")
+    list(APPEND flags ${system_headers})
     execute_process(COMMAND "${pkg_config}" --variable=libdir zt_orvex_kit
         OUTPUT_VARIABLE libdir OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
     separate_arguments(rpath UNIX_COMMAND "-Wl,-rpath,${libdir}")
