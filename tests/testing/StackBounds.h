@@ -19,7 +19,7 @@ constexpr std::optional<StackBounds> stackBounds() {
 #if defined(__x86_64__) || defined(__aarch64__)
     return StackBounds{160, 320, 80};
 #elif defined(__s390x__)
-    return StackBounds{240, 800, 40};
+    return StackBounds{240, 450, 20};
 #else
     return std::nullopt;
 #endif
