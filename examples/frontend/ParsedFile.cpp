@@ -1,5 +1,6 @@
 #include "frontend/ParsedFile.h"
 
+#include "source/SortByOffset.h"
 #include "source/SourceLimit.h"
 #include "source/Utf8.h"
 #include "symbols/ResolveSymbols.h"
@@ -47,9 +48,7 @@ void addPragmas(ParsedFile& file, const std::vector<std::size_t>& offsets) {
 }
 
 void addDiagnostics(ParsedFile& file, std::vector<Diagnostic> diagnostics) {
-    std::stable_sort(
-        diagnostics.begin(), diagnostics.end(),
-        [](const Diagnostic& a, const Diagnostic& b) { return a.place.offset < b.place.offset; });
+    sortByOffset(diagnostics, [](const Diagnostic& diagnostic) { return diagnostic.place.offset; });
     for (Diagnostic& diagnostic : diagnostics)
         diagnostic.place = file.source.place(diagnostic.place.offset, diagnostic.place.length);
     file.diagnostics = std::move(diagnostics);

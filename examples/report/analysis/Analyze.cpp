@@ -13,12 +13,12 @@
 #include "report/analysis/SyntaxSpans.h"
 #include "report/analysis/UsedAfter.h"
 #include "report/analysis/VariableRemarks.h"
+#include "source/SortByOffset.h"
 #include "source/Utf8.h"
 
 #include <zt_orvex/ast/TypedViews.h>
 #include <zt_orvex/pragma/Pragma.h>
 
-#include <algorithm>
 #include <cstddef>
 #include <exception>
 #include <new>
@@ -102,10 +102,8 @@ private:
     }
 
     void sortDiagnostics() {
-        std::stable_sort(file.diagnostics.begin(), file.diagnostics.end(),
-                         [](const Diagnostic& a, const Diagnostic& b) {
-                             return a.place.offset < b.place.offset;
-                         });
+        sortByOffset(file.diagnostics,
+                     [](const Diagnostic& diagnostic) { return diagnostic.place.offset; });
     }
 
     void addConstruct(const ostrel::Construct& parsedConstruct) {
@@ -246,9 +244,7 @@ private:
     }
 
     void sortRemarks() {
-        std::stable_sort(
-            file.remarks.begin(), file.remarks.end(),
-            [](const Remark& a, const Remark& b) { return a.place.offset < b.place.offset; });
+        sortByOffset(file.remarks, [](const Remark& remark) { return remark.place.offset; });
     }
 
     ParsedFile& parsed;

@@ -1,5 +1,7 @@
 #include "report/html/MarkedPieces.h"
 
+#include "source/SortByOffset.h"
+
 #include <algorithm>
 
 namespace ostrel::report {
@@ -52,9 +54,7 @@ std::vector<MarkedPiece> findMarkedPieces(const File& file) {
     for (const Remark& remark : file.remarks)
         add(found, remark.place, false);
     sweep(found);
-    std::stable_sort(
-        found.pieces.begin(), found.pieces.end(),
-        [](const MarkedPiece& a, const MarkedPiece& b) { return a.offset < b.offset; });
+    sortByOffset(found.pieces, [](const MarkedPiece& piece) { return piece.offset; });
     return found.pieces;
 }
 

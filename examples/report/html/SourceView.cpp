@@ -4,6 +4,7 @@
 #include "report/html/Links.h"
 #include "report/html/Messages.h"
 #include "report/html/RoleMarks.h"
+#include "source/SortByOffset.h"
 
 #include <algorithm>
 #include <map>
@@ -51,8 +52,7 @@ SourceView::SourceView(std::ostream& stream, const File& shown, std::size_t file
     : out(stream), file(shown), number(fileNumber), pieces(findMarkedPieces(shown)) {
     addSyntax();
     addVariables();
-    std::stable_sort(tokens.begin(), tokens.end(),
-                     [](const Token& a, const Token& b) { return a.offset < b.offset; });
+    sortByOffset(tokens, [](const Token& token) { return token.offset; });
 }
 
 void SourceView::addSyntax() {

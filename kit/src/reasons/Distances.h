@@ -38,8 +38,9 @@ public:
         for (FlowNode node = 0; node < graph.size(); ++node) {
             if (distances[node] != NONE) ends.push_back(node);
         }
-        std::stable_sort(ends.begin(), ends.end(),
-                         [this](FlowNode a, FlowNode b) { return distances[a] < distances[b]; });
+        std::sort(ends.begin(), ends.end(), [this](FlowNode a, FlowNode b) {
+            return std::make_pair(distances[a], a) < std::make_pair(distances[b], b);
+        });
         spread(ends, mayPass, NONE);
     }
 
