@@ -1,6 +1,6 @@
 #include <zt_orvex/support/Char16Locale.h>
 
-#include "support/WidenAscii.h"
+#include "support/AsciiUnits.h"
 
 #include <sstream>
 #include <string>
@@ -26,39 +26,9 @@ ZT_ORVEX_WEAK std::locale::id std::numpunct<char16_t>::id{};
 template <>
 ZT_ORVEX_WEAK std::locale::id std::num_put<char16_t>::id{};
 
-namespace {
-
+using namespace zt::orvex::internal;
 using Units = std::ctype<char16_t>;
 using Punctuation = std::numpunct<char16_t>;
-
-constexpr char16_t ASCII_END = 0x80;
-
-const std::ctype<char>& asciiFacet() {
-    return std::use_facet<std::ctype<char>>(std::locale::classic());
-}
-
-bool hasMask(std::ctype_base::mask mask, char16_t unit) {
-    return unit < ASCII_END && asciiFacet().is(mask, static_cast<char>(unit));
-}
-
-/// All classes of `unit` at once.
-std::ctype_base::mask classesOf(char16_t unit) {
-    return unit < ASCII_END ? std::ctype<char>::classic_table()[unit] : std::ctype_base::mask();
-}
-
-char16_t toUpper(char16_t unit) {
-    return hasMask(std::ctype_base::lower, unit) ? static_cast<char16_t>(unit - u'a' + u'A') : unit;
-}
-
-char16_t toLower(char16_t unit) {
-    return hasMask(std::ctype_base::upper, unit) ? static_cast<char16_t>(unit - u'A' + u'a') : unit;
-}
-
-char narrowed(char16_t unit, char fallback) {
-    return unit < ASCII_END ? static_cast<char>(unit) : fallback;
-}
-
-} // namespace
 
 template <>
 Units::~ctype() {}
@@ -116,13 +86,13 @@ const char16_t* Units::do_tolower(char16_t* first, const char16_t* last) const {
 
 template <>
 char16_t Units::do_widen(char c) const {
-    return zt::orvex::internal::widenAscii(c);
+    return widenAscii(c);
 }
 
 template <>
 const char* Units::do_widen(const char* first, const char* last, char16_t* units) const {
     for (; first != last; ++first)
-        *units++ = zt::orvex::internal::widenAscii(*first);
+        *units++ = widenAscii(*first);
     return last;
 }
 

@@ -37,6 +37,19 @@ std::u16string padWithBlanks(const std::basic_ostream<char16_t>& stream, std::u1
     return padded;
 }
 
+/// Inserts `text`, which is as wide as it has to be or is padded by a stream that knows its fill.
+std::basic_ostream<char16_t>& insert(std::basic_ostream<char16_t>& stream,
+                                     std::u16string_view text) {
+#if defined(_LIBCPP_VERSION)
+    // libc++'s inserter asks for the fill whether it pads or not, and fails on a bare stream.
+    if (stream.good() && !knownFill(stream)) {
+        stream.width(0);
+        return stream.write(text.data(), static_cast<std::streamsize>(text.size()));
+    }
+#endif
+    return stream << text;
+}
+
 } // namespace
 
 std::basic_ostream<char16_t>& insertText(std::basic_ostream<char16_t>& stream,
@@ -44,11 +57,11 @@ std::basic_ostream<char16_t>& insertText(std::basic_ostream<char16_t>& stream,
     // A stream that has failed inserts nothing and keeps its width: the standard inserter does
     // that.
     if (!stream.good() || !isWiderThan(stream, text.size()) || knownFill(stream)) {
-        return stream << text;
+        return insert(stream, text);
     }
     const std::u16string padded = padWithBlanks(stream, text);
     stream.width(0);
-    return stream << padded;
+    return insert(stream, padded);
 }
 
 bool canInsertNumbers(const std::basic_ostream<char16_t>& stream) {
@@ -80,7 +93,7 @@ std::basic_ostream<char16_t>& insertFormatted(std::basic_ostream<char16_t>& stre
     for (const char c : narrow)
         wide.push_back(c == FILL_STAND_IN ? fill : widenAscii(c));
     stream.width(0);
-    return stream << wide;
+    return insert(stream, wide);
 }
 
 } // namespace zt::orvex::internal

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <zt_orvex/support/Export.h>
+#include <zt_orvex/support/internal/Char16Facets.h>
 
 #include <locale>
 
