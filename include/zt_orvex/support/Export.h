@@ -1,5 +1,7 @@
 #pragma once
 
+#include <zt_orvex/support/internal/Requirements.h>
+
 /// Marks what the library exports. Everything else is hidden, and can change or disappear without
 /// notice.
 #if defined(_WIN32)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <zt_orvex/support/internal/Requirements.h>
+
 #include <boost/container/small_vector.hpp>
 
 #include <algorithm>

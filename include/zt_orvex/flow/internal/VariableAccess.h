@@ -1,5 +1,7 @@
 #pragma once
 
+#include <zt_orvex/support/internal/Requirements.h>
+
 #include <cstdint>
 
 namespace zt::orvex::flow {

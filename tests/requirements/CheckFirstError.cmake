@@ -1,0 +1,32 @@
+# Fails unless COMPILER refuses each public header with OPTION, and the first error has MESSAGE.
+cmake_minimum_required(VERSION 3.22)
+
+set(headers)
+foreach(include_dir "${SOURCE_DIR}/include" "${SOURCE_DIR}/kit/include")
+    file(GLOB_RECURSE found RELATIVE "${include_dir}" "${include_dir}/*.h")
+    list(APPEND headers ${found})
+endforeach()
+list(LENGTH headers count)
+if(count LESS 50)
+    message(FATAL_ERROR "only ${count} headers below ${SOURCE_DIR}")
+endif()
+
+list(TRANSFORM PLACES PREPEND "-I" OUTPUT_VARIABLE include_options)
+set(problems)
+foreach(header IN LISTS headers)
+    set(source "${WORK_DIR}/one.cpp")
+    file(WRITE "${source}" "#include <${header}>\n")
+    execute_process(
+        COMMAND "${COMPILER}" ${OPTION} -std=c++17 -E -Wfatal-errors ${include_options} "${source}" -o -
+        OUTPUT_QUIET ERROR_VARIABLE output RESULT_VARIABLE result)
+    string(REGEX MATCH "error: [^\n]*" first "${output}")
+    string(FIND "${first}" "${MESSAGE}" position)
+    if(result EQUAL 0 OR position EQUAL -1)
+        list(APPEND problems "${header}: ${first}")
+    endif()
+endforeach()
+if(problems)
+    list(JOIN problems "\n  " text)
+    message(FATAL_ERROR "${COMPILER} ${OPTION} says of\n  ${text}")
+endif()
+message(STATUS "${count} headers refused")
