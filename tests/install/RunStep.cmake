@@ -101,6 +101,18 @@ function(step_find_package)
     run_consumer("${build}/consumer")
 endfunction()
 
+# A consumer need not have run-time type information, nor agree with the library on it.
+function(step_without_type_information)
+    set(build "${WORK_DIR}/without_type_information")
+    configure_consumer("${consumer_dir}" "${build}" "${prefix}"
+        -D "CMAKE_CXX_FLAGS=${FLAGS} -fno-rtti")
+    if(NOT configure_result EQUAL 0)
+        message(FATAL_ERROR "${configure_output}")
+    endif()
+    run("${CMAKE_COMMAND}" --build "${build}")
+    run_consumer("${build}/consumer")
+endfunction()
+
 function(step_version)
     set(source "${WORK_DIR}/version_source")
     file(WRITE "${source}/CMakeLists.txt"

@@ -19,15 +19,23 @@ function(step_files)
     endforeach()
 endfunction()
 
-function(step_find_package)
-    set(build "${WORK_DIR}/find_package")
+# build_and_run(<build> <option>...): the consumer, configured with the options.
+function(build_and_run build)
     configure_consumer("${CONSUMER_DIR}" "${build}" "${INSTALLED}"
-        -D "LOOP_TREE_DIR=${LOOP_TREE_DIR}")
+        -D "LOOP_TREE_DIR=${LOOP_TREE_DIR}" ${ARGN})
     if(NOT configure_result EQUAL 0)
         message(FATAL_ERROR "${configure_output}")
     endif()
     execute_process(COMMAND "${CMAKE_COMMAND}" --build "${build}" COMMAND_ERROR_IS_FATAL ANY)
     run_consumer("${build}/consumer")
+endfunction()
+
+function(step_find_package)
+    build_and_run("${WORK_DIR}/find_package")
+endfunction()
+
+function(step_without_type_information)
+    build_and_run("${WORK_DIR}/without_type_information" -D "CMAKE_CXX_FLAGS=${FLAGS} -fno-rtti")
 endfunction()
 
 function(step_without_component)

@@ -1,6 +1,7 @@
 // Compiled with -fno-rtti: includes everything, and instantiates the templates that look at the
 // classes of their arguments.
 #include <zt_orvex/zt_orvex.h>
+#include <zt_orvex_kit/zt_orvex_kit.h>
 
 #if defined(__cpp_rtti)
 #error "compile this without run-time type information"
