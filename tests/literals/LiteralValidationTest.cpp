@@ -166,9 +166,10 @@ TEST(ValidateLiteral, UnitsAboveAsciiAreNeverNarrowed) {
     using internal::validateHexLiteral;
     // U+0131 has the low byte of '1', U+FF11 is a digit one, and U+0661 another.
     for (const char16_t unit : {u'\u0131', u'\uFF11', u'\u0661', u'\u0080', u'\xD800', u'\xFFFF'}) {
-        EXPECT_EQ(validateBinaryLiteral(std::u16string(u"0b1") + unit), MALFORMED) << unit;
-        EXPECT_EQ(validateHexLiteral(std::u16string(u"0x1") + unit), MALFORMED) << unit;
-        EXPECT_EQ(validateDoubleLiteral(std::u16string(u"1") + unit), MALFORMED) << unit;
+        EXPECT_EQ(validateBinaryLiteral(std::u16string(u"0b1") + unit), MALFORMED)
+            << unsigned{unit};
+        EXPECT_EQ(validateHexLiteral(std::u16string(u"0x1") + unit), MALFORMED) << unsigned{unit};
+        EXPECT_EQ(validateDoubleLiteral(std::u16string(u"1") + unit), MALFORMED) << unsigned{unit};
     }
 }
 

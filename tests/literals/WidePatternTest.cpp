@@ -56,7 +56,7 @@ TEST(WidePattern, EscapeMakesPunctuationAnOrdinaryCharacter) {
 TEST(WidePattern, ClassHoldsCharactersAndRanges) {
     for (char16_t unit = 0; unit < 0x180; ++unit) {
         const bool isIn = (unit >= u'b' && unit <= u'd') || unit == u'x' || unit == u'-';
-        EXPECT_EQ(matches("[b-dx-]", std::u16string(1, unit)), isIn) << unit;
+        EXPECT_EQ(matches("[b-dx-]", std::u16string(1, unit)), isIn) << unsigned{unit};
     }
     EXPECT_TRUE(matches("[.?*+(|]", u"|"));
     EXPECT_TRUE(matches("[\\]]", u"]"));
