@@ -5,6 +5,7 @@
 #include "literals/LiteralGrammar.h"
 #include "literals/LiteralParts.h"
 #include "literals/LiteralPattern.h"
+#include "literals/ThreadLocal.h"
 
 #include <cstddef>
 #include <memory>
@@ -24,7 +25,7 @@ struct StatedGrammar {
 /// Both are in one object because each thread-local object costs a parse the test of a guard.
 template <class Radix, class CharT>
 void stateGrammarOfThisThread() {
-    [[maybe_unused]] thread_local const StatedGrammar grammar;
+    [[maybe_unused]] ZT_ORVEX_THREAD_LOCAL const StatedGrammar grammar;
 }
 
 template <class Radix, class CharT>

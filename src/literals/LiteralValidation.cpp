@@ -3,6 +3,7 @@
 #include "literals/LiteralGrammar.h"
 #include "literals/LiteralParts.h"
 #include "literals/LiteralPattern.h"
+#include "literals/ThreadLocal.h"
 
 #include <cstddef>
 
@@ -22,7 +23,7 @@ std::size_t widthOf(std::basic_string_view<CharT> suffix) {
 // Whether this thread has begun to destroy its patterns. Destructors of thread-local objects, and on
 // the main thread those of static objects, run after that and may validate literals. The flag has no
 // destructor itself, so they can still read it.
-thread_local bool patternsAreGone = false;
+ZT_ORVEX_THREAD_LOCAL bool patternsAreGone = false;
 
 struct ThreadPattern : LiteralPattern {
     using LiteralPattern::LiteralPattern;
@@ -35,7 +36,7 @@ struct ThreadPattern : LiteralPattern {
 template <class Radix, class CharT>
 bool isWellFormedInteger(std::basic_string_view<CharT> text) {
     if (patternsAreGone) return LiteralPattern(Radix::PATTERN, Radix::PATTERN).matches(text);
-    thread_local const ThreadPattern pattern(Radix::PATTERN, Radix::PATTERN);
+    ZT_ORVEX_THREAD_LOCAL const ThreadPattern pattern(Radix::PATTERN, Radix::PATTERN);
     return pattern.matches(text);
 }
 
@@ -44,7 +45,7 @@ bool isWellFormedDouble(std::basic_string_view<CharT> text) {
     if (patternsAreGone) {
         return LiteralPattern(NARROW_DOUBLE_PATTERN, WIDE_DOUBLE_PATTERN).matches(text);
     }
-    thread_local const ThreadPattern pattern(NARROW_DOUBLE_PATTERN, WIDE_DOUBLE_PATTERN);
+    ZT_ORVEX_THREAD_LOCAL const ThreadPattern pattern(NARROW_DOUBLE_PATTERN, WIDE_DOUBLE_PATTERN);
     return pattern.matches(text);
 }
 

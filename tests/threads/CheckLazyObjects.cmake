@@ -10,12 +10,12 @@ list(SORT sources)
 set(found)
 foreach(source IN LISTS sources)
     file(STRINGS "${SOURCE_DIR}/${source}" lines
-        REGEX "^ +(\\[\\[maybe_unused\\]\\] )?(static|thread_local) ")
+        REGEX "^ +(\\[\\[maybe_unused\\]\\] )?(static|thread_local|ZT_ORVEX_THREAD_LOCAL) ")
     foreach(line IN LISTS lines)
         # A type and a name that something follows which isn't a list of parameters.
-        if(line MATCHES "(static|thread_local) (const )?[A-Za-z0-9_:<>]+[&*]? ([A-Za-z_]+)( =|;|{|\\(.*[^{,]$)"
+        if(line MATCHES "(static|thread_local|ZT_ORVEX_THREAD_LOCAL) (const )?[A-Za-z0-9_:<>]+[&*]? ([A-Za-z_]+)( =|;|{|\\(.*[^{,]$)"
                 AND NOT line MATCHES "constexpr|\\(.*\\).*{|\\) const;")
-            string(REGEX MATCH "(static|thread_local) (const )?[A-Za-z0-9_:<>]+[&*]? [A-Za-z_]+" object
+            string(REGEX MATCH "(static|thread_local|ZT_ORVEX_THREAD_LOCAL) (const )?[A-Za-z0-9_:<>]+[&*]? [A-Za-z_]+" object
                 "${line}")
             string(APPEND found "${source}: ${object}\n")
         endif()
