@@ -46,7 +46,9 @@ inline std::uint64_t lowestBit(std::uint64_t word) {
     return static_cast<std::uint64_t>(__builtin_ctzll(word));
 }
 
-#if defined(__x86_64__) && defined(__GNUC__)
+// For Windows, g++ may keep a block at an address of the stack that isn't aligned and then move it by an
+// instruction that faults there, so it takes words alone.
+#if defined(__x86_64__) && defined(__GNUC__) && (defined(__clang__) || !defined(_WIN32))
 inline bool hasRegistersForBlocks() { return __builtin_cpu_supports("avx2") != 0; }
 
 template <typename Loop, typename... Args>
