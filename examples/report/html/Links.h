@@ -1,5 +1,6 @@
 #pragma once
 
+#include "report/analysis/PathSteps.h"
 #include "source/Place.h"
 
 #include <cstddef>
@@ -29,10 +30,6 @@ inline std::string remarkId(std::size_t file, std::size_t remark) {
 /// The key of a variable of a construct, which its row and its places in the source have.
 inline std::string variableKey(std::size_t construct, std::size_t variable) {
     return std::to_string(construct) + "-" + std::to_string(variable);
-}
-
-inline std::string lineAndColumn(const Place& place) {
-    return std::to_string(place.line) + ":" + std::to_string(place.column);
 }
 
 /// A link to the line of a place. `data-at` tells the script the whole place; `text` is the content
