@@ -14,18 +14,34 @@ thread_local bool onlyOneFails = false;
 thread_local bool limitWasReached = false;
 thread_local bool noThrowFails = false;
 
+constexpr std::size_t USUAL_ALIGNMENT = alignof(std::max_align_t);
+
+#if defined(_WIN32)
+
+void* allocateAligned(std::size_t size, std::size_t alignment) {
+    return _aligned_malloc(size, alignment);
+}
+void freeAligned(void* memory) { _aligned_free(memory); }
+
+#else
+
+// std::aligned_alloc takes whole multiples of the alignment.
+void* allocateAligned(std::size_t size, std::size_t alignment) {
+    return std::aligned_alloc(alignment, (size + alignment - 1) / alignment * alignment);
+}
+void freeAligned(void* memory) { std::free(memory); }
+
+#endif
+
 /// Null if the limit is reached or memory is.
-void* allocate(std::size_t size, std::size_t alignment = alignof(std::max_align_t)) noexcept {
+void* allocate(std::size_t size, std::size_t alignment = USUAL_ALIGNMENT) noexcept {
     if (allowedAllocations == 0) {
         limitWasReached = true;
         if (onlyOneFails) allowedAllocations = UNLIMITED;
         return nullptr;
     }
-    // std::aligned_alloc takes whole multiples of the alignment.
-    const std::size_t rounded = (size + alignment - 1) / alignment * alignment;
-    void* const memory = alignment > alignof(std::max_align_t)
-                             ? std::aligned_alloc(alignment, rounded)
-                             : std::malloc(size == 0 ? 1 : size);
+    void* const memory = alignment > USUAL_ALIGNMENT ? allocateAligned(size, alignment)
+                                                     : std::malloc(size == 0 ? 1 : size);
     if (memory == nullptr) return nullptr;
     if (allowedAllocations != UNLIMITED) --allowedAllocations;
     ++counts.allocations;
@@ -38,10 +54,10 @@ void* orThrow(void* memory) {
     return memory;
 }
 
-void release(void* memory) noexcept {
+void release(void* memory, std::size_t alignment = USUAL_ALIGNMENT) noexcept {
     if (memory == nullptr) return;
     ++counts.releases;
-    std::free(memory);
+    alignment > USUAL_ALIGNMENT ? freeAligned(memory) : std::free(memory);
 }
 
 constexpr std::size_t bytesOf(std::align_val_t alignment) {
@@ -80,17 +96,25 @@ void operator delete(void* memory) noexcept { release(memory); }
 void operator delete[](void* memory) noexcept { release(memory); }
 void operator delete(void* memory, std::size_t) noexcept { release(memory); }
 void operator delete[](void* memory, std::size_t) noexcept { release(memory); }
-void operator delete(void* memory, std::align_val_t) noexcept { release(memory); }
-void operator delete[](void* memory, std::align_val_t) noexcept { release(memory); }
-void operator delete(void* memory, std::size_t, std::align_val_t) noexcept { release(memory); }
-void operator delete[](void* memory, std::size_t, std::align_val_t) noexcept { release(memory); }
+void operator delete(void* memory, std::align_val_t alignment) noexcept {
+    release(memory, bytesOf(alignment));
+}
+void operator delete[](void* memory, std::align_val_t alignment) noexcept {
+    release(memory, bytesOf(alignment));
+}
+void operator delete(void* memory, std::size_t, std::align_val_t alignment) noexcept {
+    release(memory, bytesOf(alignment));
+}
+void operator delete[](void* memory, std::size_t, std::align_val_t alignment) noexcept {
+    release(memory, bytesOf(alignment));
+}
 void operator delete(void* memory, const std::nothrow_t&) noexcept { release(memory); }
 void operator delete[](void* memory, const std::nothrow_t&) noexcept { release(memory); }
-void operator delete(void* memory, std::align_val_t, const std::nothrow_t&) noexcept {
-    release(memory);
+void operator delete(void* memory, std::align_val_t alignment, const std::nothrow_t&) noexcept {
+    release(memory, bytesOf(alignment));
 }
-void operator delete[](void* memory, std::align_val_t, const std::nothrow_t&) noexcept {
-    release(memory);
+void operator delete[](void* memory, std::align_val_t alignment, const std::nothrow_t&) noexcept {
+    release(memory, bytesOf(alignment));
 }
 
 namespace zt::orvex::testing {
