@@ -4,7 +4,9 @@
 
 #include <thread>
 
-#if !defined(_WIN32)
+#if defined(_WIN32)
+#include <windows.h>
+#else
 #include <unistd.h>
 #endif
 
@@ -40,11 +42,16 @@ TEST(PageSize, IsKnownToInitialisersThatRunFirst) {
     EXPECT_NE(beforeInitialisers.pageSize, 0U);
 }
 
-#if !defined(_WIN32)
 TEST(PageSize, IsTheUnitInWhichTheSystemHandsOutAddressSpace) {
+#if defined(_WIN32)
+    SYSTEM_INFO info;
+    GetSystemInfo(&info);
+    EXPECT_EQ(getPageSize(), info.dwAllocationGranularity);
+    EXPECT_NE(getPageSize(), info.dwPageSize);
+#else
     EXPECT_EQ(getPageSize(), static_cast<std::size_t>(sysconf(_SC_PAGESIZE)));
-}
 #endif
+}
 
 } // namespace
 } // namespace zt::orvex::internal
