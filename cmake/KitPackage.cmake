@@ -16,7 +16,7 @@ install(FILES "${PROJECT_BINARY_DIR}/zt_orvex_kit.pc" DESTINATION "${pkg_config_
 # known when the installation runs, since the prefix may be another one then.
 install(CODE "
     set(library \"$<TARGET_FILE_NAME:zt_orvex>\")
-    set(libdir \"${CMAKE_INSTALL_LIBDIR}\")
+    set(libdir \"$<IF:$<BOOL:${WIN32}>,${CMAKE_INSTALL_BINDIR},${CMAKE_INSTALL_LIBDIR}>\")
     set(printers \"${ZT_ORVEX_GDB_PRINTERS}\")
 ")
 install(CODE [[

@@ -13,7 +13,11 @@ set_target_properties(orvex-report orvex-match PROPERTIES INSTALL_RPATH "${tools
 install(TARGETS orvex-report orvex-match
     RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT tools)
 install(TARGETS zt_orvex zt_orvex_kit
-    LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT tools NAMELINK_SKIP)
+    LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT tools NAMELINK_SKIP
+    RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT tools)
+if(WIN32)
+    include(ToolsDlls)
+endif()
 install(FILES man/orvex-report.1 man/orvex-match.1
     DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT tools)
 install(FILES completions/orvex-report completions/orvex-match

@@ -1,6 +1,6 @@
 # What the tests of the installed libraries share. A consumer is built for the platform of the library:
 # GENERATOR, COMPILER, FLAGS, TOOLCHAIN, ROOTS and PREFIXES are those of its build. EMULATOR is the
-# command that starts programs of another platform, and empty for this one.
+# command that starts programs of another platform, and empty for this one; SUFFIX ends their names.
 
 # A compiler for another platform doesn't search the headers of that system by itself.
 set(system_headers)
@@ -8,9 +8,11 @@ foreach(root IN LISTS ROOTS)
     list(APPEND system_headers -isystem "${root}/usr/include")
 endforeach()
 
-# Runs a program of the consumer, which must succeed and print `expected_output`.
+# Runs a program of the consumer, which must succeed and print `expected_output`. On Windows it finds
+# the DLLs of `prefix` by the path, for which wine has a variable of its own.
 function(run_consumer program)
-    execute_process(COMMAND ${EMULATOR} "${program}" OUTPUT_VARIABLE output RESULT_VARIABLE result)
+    set(ENV{WINEPATH} "${prefix}/bin")
+    execute_process(COMMAND ${EMULATOR} "${program}${SUFFIX}" OUTPUT_VARIABLE output RESULT_VARIABLE result)
     if(NOT result EQUAL 0 OR NOT output STREQUAL expected_output)
         message(FATAL_ERROR "${program} ended with ${result} and printed: ${output}")
     endif()

@@ -25,8 +25,7 @@ function(step_files)
     foreach(file
             "include/zt_orvex/zt_orvex.h"
             "include/zt_orvex/ast/NodeKinds.def"
-            "${LIBDIR}/libzt_orvex.so"
-            "${LIBDIR}/${SONAME}"
+            ${LIBRARIES}
             "${LIBDIR}/cmake/zt_orvex/zt_orvexConfig.cmake"
             "${LIBDIR}/pkgconfig/zt_orvex.pc")
         if(NOT EXISTS "${prefix}/${file}")
@@ -58,11 +57,12 @@ function(step_tools)
     file(RENAME "${first}" "${moved}")
 
     file(GLOB_RECURSE installed RELATIVE "${moved}" "${moved}/*")
-    list(FILTER installed EXCLUDE REGEX "^${LIBDIR}/libzt_orvex(_kit)?[.]so[.][0-9.]+$")
+    # On Windows, the libraries that they use come with them, too.
+    list(FILTER installed EXCLUDE REGEX "^${LIBDIR}/libzt_orvex(_kit)?[.]so[.][0-9.]+$|^bin/.*[.]dll$")
     list(SORT installed)
     set(expected
-        bin/orvex-match
-        bin/orvex-report
+        bin/orvex-match${SUFFIX}
+        bin/orvex-report${SUFFIX}
         share/bash-completion/completions/orvex-match
         share/bash-completion/completions/orvex-report
         share/man/man1/orvex-match.1
@@ -81,7 +81,10 @@ function(step_tools)
     foreach(command "bin/orvex-report;${program}" "bin/orvex-match;${program};${program}"
             "bin/orvex-report;--version" "bin/orvex-match;--version")
         list(POP_FRONT command tool)
-        run(${EMULATOR} "${moved}/${tool}" ${command})
+        run(${EMULATOR} "${moved}/${tool}${SUFFIX}" ${command})
+        if(SUFFIX) # it began, so it found the libraries beside it: there are no others to be found
+            continue()
+        endif()
         execute_process(COMMAND "${CMAKE_COMMAND}" -E env LD_TRACE_LOADED_OBJECTS=1
             ${EMULATOR} "${moved}/${tool}" OUTPUT_VARIABLE loaded COMMAND_ERROR_IS_FATAL ANY)
         string(FIND "${loaded}" "=> ${moved}/bin/../${LIBDIR}/libzt_orvex.so" position)

@@ -2,6 +2,7 @@
 # installed and moved.
 cmake_minimum_required(VERSION 3.22)
 include("${CMAKE_CURRENT_LIST_DIR}/../../../tests/install/Consumer.cmake")
+set(prefix "${INSTALLED}")
 set(expected_output "kit consumer: all as expected\n")
 
 # write_project(<folder> <text>): a project that finds the package as the text says.
@@ -11,7 +12,7 @@ function(write_project folder text)
 endfunction()
 
 function(step_files)
-    foreach(file "include/zt_orvex_kit/zt_orvex_kit.h" "${LIBDIR}/libzt_orvex_kit.so"
+    foreach(file "include/zt_orvex_kit/zt_orvex_kit.h" ${LIBRARIES}
             "${LIBDIR}/pkgconfig/zt_orvex_kit.pc")
         if(NOT EXISTS "${INSTALLED}/${file}")
             message(FATAL_ERROR "not installed: ${file}")
