@@ -5,7 +5,7 @@
 # A compiler for another platform doesn't search the headers of that system by itself.
 set(system_headers)
 foreach(root IN LISTS ROOTS)
-    list(APPEND system_headers -isystem "${root}/usr/include")
+    list(APPEND system_headers -isystem "${root}/usr/include" -isystem "${root}/include")
 endforeach()
 
 # Runs a program of the consumer, which must succeed and print `expected_output`. On Windows it finds
