@@ -1,5 +1,6 @@
 #include "frontend/InputFile.h"
 
+#include "frontend/FilePath.h"
 #include "source/SourceLimit.h"
 
 #include <cerrno>
@@ -37,8 +38,9 @@ std::string readAll(std::FILE* file) {
 
 } // namespace
 
-std::string readInput(const std::string& path) {
-    if (path == "-") return readAll(stdin);
+std::string readInput(const std::string& name) {
+    if (name == "-") return readAll(stdin);
+    const std::filesystem::path path = pathOf(name);
     std::error_code ignored;
     if (std::filesystem::is_directory(path, ignored)) failWith(EISDIR);
     if (std::filesystem::is_regular_file(path, ignored)) {
@@ -46,8 +48,7 @@ std::string readInput(const std::string& path) {
         if (!ignored) refuseTooLarge(size);
     }
     errno = 0;
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"),
-                                                               &std::fclose);
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(openToRead(path), &std::fclose);
     if (!file) failWith(errno);
     return readAll(file.get());
 }

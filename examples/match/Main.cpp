@@ -89,6 +89,7 @@ int parseAndCompare(int count, char** arguments) {
         PROGRAM);
     app.footer("Exit status: 0 when the programs are equivalent, 1 when they differ, 2 on wrong\n"
                "usage, a file with errors or one that cannot be read, or too little memory.");
+    app.allow_windows_style_options(false); // a slash begins a path
     app.set_version_flag("--version", "orvex-match " ORVEX_MATCH_VERSION, "Print the version");
     app.failure_message([](const CLI::App*, const CLI::Error& error) {
         return usageComplaint(PROGRAM, error.what());

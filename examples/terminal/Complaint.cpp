@@ -1,6 +1,7 @@
 #include "terminal/Complaint.h"
 
 #include "terminal/DisplayText.h"
+#include "terminal/ProgramSetup.h"
 
 #include <exception>
 #include <iostream>
@@ -20,7 +21,8 @@ std::string usageComplaint(std::string_view program, std::string_view message) {
 int guardMain(const char* program, int failure, int (*body)(int count, char** arguments), int count,
               char** arguments) {
     try {
-        return body(count, arguments);
+        ProgramSetup setup(count, arguments);
+        return body(setup.count(), setup.arguments());
     } catch (const std::bad_alloc&) {
         std::cerr << program << ": not enough memory\n";
     } catch (const std::exception& error) {

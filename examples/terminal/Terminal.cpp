@@ -2,6 +2,7 @@
 
 #if defined(_WIN32)
 #include <io.h>
+#include <windows.h>
 #else
 #include <sys/ioctl.h>
 #include <unistd.h>
@@ -11,9 +12,24 @@ namespace ostrel {
 
 #if defined(_WIN32)
 
-bool isTerminal(std::FILE* stream) { return _isatty(_fileno(stream)) != 0; }
+namespace {
 
-std::size_t terminalWidth(std::FILE*, std::size_t otherwise) { return otherwise; }
+HANDLE handleOf(std::FILE* stream) {
+    return reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(stream)));
+}
+
+} // namespace
+
+bool isTerminal(std::FILE* stream) {
+    DWORD mode = 0;
+    return GetConsoleMode(handleOf(stream), &mode) != 0;
+}
+
+std::size_t terminalWidth(std::FILE* stream, std::size_t otherwise) {
+    CONSOLE_SCREEN_BUFFER_INFO info{};
+    if (GetConsoleScreenBufferInfo(handleOf(stream), &info) == 0) return otherwise;
+    return static_cast<std::size_t>(info.srWindow.Right - info.srWindow.Left + 1);
+}
 
 #else
 

@@ -48,6 +48,7 @@ ParsedOptions parseOptions(int count, const char* const* arguments,
     CLI::App app(DESCRIPTION, "orvex-report");
     app.footer(FOOTER);
     app.failure_message(failureText);
+    app.allow_windows_style_options(false); // a slash begins a path
     app.set_version_flag("--version", "orvex-report " ORVEX_REPORT_VERSION, "Print the version");
     app.add_option("--format", options.format, "How to print the report")
         ->check(CLI::IsMember(formats))

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <fstream>
 #include <ostream>
 #include <string>
@@ -13,8 +14,8 @@ namespace ostrel::report {
 /// a file, such as a device or a pipe, is written directly.
 class OutputFile {
 public:
-    /// Opens the file at `path`, or takes standard output if that is empty.
-    explicit OutputFile(const std::string& path);
+    /// Opens the file of that name, or takes standard output if that is empty.
+    explicit OutputFile(const std::string& name);
 
     /// Removes what hasn't been finished.
     ~OutputFile();
@@ -37,13 +38,12 @@ public:
 
 private:
     void openBeside();
-    void openTemporary(const std::string& folder);
-    void keepPermissions(int descriptor) const;
+    void openTemporary(const std::filesystem::path& folder);
     void fail(int errorNumber);
 
     std::ofstream file;
-    std::string target;    ///< What is renamed to; empty for what is written directly.
-    std::string temporary; ///< What is renamed; empty if there is nothing to remove.
+    std::filesystem::path target;    ///< What is renamed to; empty for what is written directly.
+    std::filesystem::path temporary; ///< What is renamed; empty if there is nothing to remove.
     bool isStandard;
     bool isShown;
     bool hasFailed = false;

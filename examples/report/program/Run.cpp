@@ -1,5 +1,6 @@
 #include "report/program/Run.h"
 
+#include "frontend/FilePath.h"
 #include "report/html/HtmlReport.h"
 #include "report/json/JsonReport.h"
 #include "report/program/FailOn.h"
@@ -46,7 +47,7 @@ void complain(const std::string& message) { std::cerr << complaint("orvex-report
 
 bool isSameFile(const std::string& a, const std::string& b) {
     std::error_code error;
-    return std::filesystem::equivalent(a, b, error) && !error;
+    return std::filesystem::equivalent(pathOf(a), pathOf(b), error) && !error;
 }
 
 /// Why the report must not go to `output`, or nothing.

@@ -1,5 +1,7 @@
 #include "report/program/SourceFiles.h"
 
+#include "frontend/FilePath.h"
+
 #include <algorithm>
 #include <filesystem>
 #include <iterator>
@@ -30,7 +32,7 @@ public:
             pending.pop_back();
             read(folder);
         }
-        if (found.empty()) found.push_back({top.string(), Kind::EmptyFolder, ""});
+        if (found.empty()) found.push_back({textOf(top), Kind::EmptyFolder, ""});
         std::sort(found.begin(), found.end(),
                   [](const SourceFile& a, const SourceFile& b) { return a.path < b.path; });
         return std::move(found);
@@ -44,16 +46,18 @@ private:
             add(*entry);
             entry.increment(error);
         }
-        if (error) found.push_back({folder.string(), Kind::UnreadableFolder, error.message()});
+        if (error) found.push_back({textOf(folder), Kind::UnreadableFolder, error.message()});
     }
 
     void add(const fs::directory_entry& entry) {
         std::error_code ignored;
         if (fs::is_directory(entry.symlink_status(ignored))) {
             pending.push_back(entry.path());
-        } else if (hasSourceName(entry.path().string()) && entry.is_regular_file(ignored)) {
-            found.push_back({entry.path().string(), Kind::File, ""});
+            return;
         }
+        const std::string path = textOf(entry.path());
+        if (hasSourceName(path) && entry.is_regular_file(ignored))
+            found.push_back({path, Kind::File, ""});
     }
 
     std::vector<fs::path> pending;
@@ -66,8 +70,8 @@ std::vector<SourceFile> findSourceFiles(const std::vector<std::string>& argument
     std::vector<SourceFile> all;
     for (const std::string& argument : arguments) {
         std::error_code ignored;
-        if (argument != "-" && fs::is_directory(argument, ignored)) {
-            std::vector<SourceFile> found = FolderSearch().run(argument);
+        if (argument != "-" && fs::is_directory(pathOf(argument), ignored)) {
+            std::vector<SourceFile> found = FolderSearch().run(pathOf(argument));
             std::move(found.begin(), found.end(), std::back_inserter(all));
         } else {
             all.push_back({argument, Kind::File, ""});

@@ -4,18 +4,37 @@
 
 #include <algorithm>
 #include <mutex>
+#include <optional>
 #include <pthread.h>
-#include <sys/resource.h>
 #include <vector>
+#if !defined(_WIN32)
+#include <sys/resource.h>
+#endif
 
 namespace ostrel::report {
 
 namespace {
 
-bool isLimited(decltype(RLIMIT_AS) resource) {
+#if defined(_WIN32)
+
+// A job may limit the memory of its processes, but not their address space.
+std::optional<std::size_t> limitOfAddressSpace() { return {}; }
+
+// What the programs are linked with.
+std::optional<std::size_t> limitOfStack() { return {}; }
+
+#else
+
+std::optional<std::size_t> limitOf(decltype(RLIMIT_AS) resource) {
     rlimit limit{};
-    return getrlimit(resource, &limit) == 0 && limit.rlim_cur != RLIM_INFINITY;
+    if (getrlimit(resource, &limit) != 0 || limit.rlim_cur == RLIM_INFINITY) return {};
+    return static_cast<std::size_t>(limit.rlim_cur);
 }
+
+std::optional<std::size_t> limitOfAddressSpace() { return limitOf(RLIMIT_AS); }
+std::optional<std::size_t> limitOfStack() { return limitOf(RLIMIT_STACK); }
+
+#endif
 
 /// The body of a thread that lives until the mutex is free.
 void* waitFor(void* mutex) {
@@ -32,13 +51,11 @@ std::size_t processorCount() {
 std::size_t threadStackSize() {
     constexpr std::size_t USUAL = std::size_t{8} << 20;
     constexpr std::size_t LARGEST = std::size_t{64} << 20; // for the address space of many threads
-    rlimit limit{};
-    if (getrlimit(RLIMIT_STACK, &limit) != 0 || limit.rlim_cur == RLIM_INFINITY) return USUAL;
-    return std::clamp(static_cast<std::size_t>(limit.rlim_cur), USUAL, LARGEST);
+    return std::clamp(limitOfStack().value_or(USUAL), USUAL, LARGEST);
 }
 
 std::size_t countPossibleThreads(std::size_t wanted) {
-    if (isLimited(RLIMIT_AS)) return 0;
+    if (limitOfAddressSpace()) return 0;
     pthread_attr_t attributes;
     if (pthread_attr_init(&attributes) != 0) return 0;
     pthread_attr_setstacksize(&attributes, threadStackSize());

@@ -1,5 +1,7 @@
 #include "report/sarif/FileUri.h"
 
+#include "frontend/FilePath.h"
+
 namespace ostrel::report {
 
 namespace {
@@ -28,11 +30,25 @@ std::string_view withoutLeadingDots(std::string_view path) {
     return path;
 }
 
+/// Whether the root of a path is a drive, such as C:, which only Windows has.
+bool isDrive(const std::filesystem::path& root) {
+    const auto& name = root.native();
+    return name.size() == 2 && name[1] == ':';
+}
+
 } // namespace
 
-std::string fileUri(std::string_view path) {
-    path = withoutLeadingDots(path);
-    std::string uri = path.substr(0, 1) == "/" ? "file://" : "";
+std::string fileUri(std::string_view name) {
+    const std::filesystem::path file = pathOf(std::string(name));
+    const std::string text = textOf(file); // with slashes on Windows, too
+    std::string_view path = withoutLeadingDots(text);
+    std::string uri;
+    if (isDrive(file.root_name()) && file.has_root_directory()) {
+        uri = "file:///" + text.substr(0, 2);
+        path.remove_prefix(2);
+    } else if (path.substr(0, 1) == "/") {
+        uri = "file://";
+    }
     for (const char byte : path) {
         if (mayStandInUri(byte)) {
             uri += byte;
