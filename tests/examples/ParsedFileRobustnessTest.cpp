@@ -1,4 +1,5 @@
 #include "Programs.h"
+#include "UnreadablePages.h"
 #include "testing/RandomProgram.h"
 
 #include "source/SourceLimit.h"
@@ -9,7 +10,6 @@
 
 #include <gtest/gtest.h>
 
-#include <sys/mman.h>
 #include <utility>
 
 namespace ostrel {
@@ -95,13 +95,9 @@ TEST(ParsedFileRobustness, InvalidUtf8IsOneErrorAtItsPlace) {
 TEST(ParsedFileRobustness, TextTooLargeForOffsetsIsOneErrorAndIsNotRead) {
     EXPECT_FALSE(isSourceTooLarge(MAX_SOURCE_SIZE));
     EXPECT_TRUE(isSourceTooLarge(MAX_SOURCE_SIZE + 1));
-    // Pages that can't be read: touching one would end the test.
-    const std::size_t size = MAX_SOURCE_SIZE + 1;
-    void* const pages =
-        mmap(nullptr, size, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
-    ASSERT_NE(pages, MAP_FAILED);
-    const ParsedFile file = testing::parse({static_cast<const char*>(pages), size});
-    munmap(pages, size);
+    const testing::UnreadablePages pages(MAX_SOURCE_SIZE + 1);
+    ASSERT_NE(pages.text().data(), nullptr);
+    const ParsedFile file = testing::parse(pages.text());
     EXPECT_EQ(testing::dumpErrors(file), "1:1: the file is larger than 1 GiB\n");
     EXPECT_EQ(testing::dumpNodes(file), "");
 }

@@ -1,66 +1,30 @@
 #include "RunReport.h"
 
-#include <gtest/gtest.h>
-
+#if !defined(_WIN32)
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <pty.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#endif
 
 namespace ostrel::report::testing {
 
-namespace {
-
-std::string quoted(const std::string& word) {
-    std::string text = "'";
-    for (const char character : word)
-        text += character == '\'' ? std::string("'\\''") : std::string(1, character);
-    return text + "'";
-}
-
-std::string commandOf(const std::string& program, const std::vector<std::string>& arguments) {
-    std::string command = quoted(program);
-    for (const std::string& argument : arguments)
-        command += " " + quoted(argument);
-    return command;
-}
-
-int exitStatus(int waitStatus) { return WIFEXITED(waitStatus) ? WEXITSTATUS(waitStatus) : -1; }
-
-/// Runs a command of the shell that ends with the program and its arguments.
-Outcome runCommand(std::string command, const std::string& input) {
-    const ScratchFolder scratch;
-    command = "unset NO_COLOR FORCE_COLOR CLICOLOR_FORCE; " + command;
-    command += " <" + quoted(scratch.file("input", input)) + " >" + quoted(scratch.path("output")) +
-               " 2>" + quoted(scratch.path("errors"));
-    Outcome outcome;
-    outcome.status = exitStatus(std::system(command.c_str()));
-    outcome.output = readFile(scratch.path("output"));
-    outcome.errors = readFile(scratch.path("errors"));
-    return outcome;
-}
-
-} // namespace
-
 Outcome runReport(const std::vector<std::string>& arguments, const std::string& input,
                   const std::string& folder) {
-    return runCommand("cd " + quoted(folder) + " && " + commandOf(ORVEX_REPORT_PROGRAM, arguments),
-                      input);
+    return runProgram(ORVEX_REPORT_PROGRAM, arguments, input, folder);
 }
 
-Outcome runProgram(const std::string& program, const std::vector<std::string>& arguments,
-                   const std::string& input) {
-    return runCommand(commandOf(program, arguments), input);
+Outcome runReportWithin(std::size_t kib, std::vector<std::string> arguments) {
+    const std::string command = "ulimit -v " + std::to_string(kib) + " && exec \"$@\"";
+    arguments.insert(arguments.begin(), {"-c", command, "sh", ORVEX_REPORT_PROGRAM});
+    return runProgram("sh", arguments);
 }
 
-Outcome runReportWithin(std::size_t kib, const std::vector<std::string>& arguments) {
-    return runCommand("ulimit -v " + std::to_string(kib) + " && exec " +
-                          commandOf(ORVEX_REPORT_PROGRAM, arguments),
-                      "");
-}
+#if defined(_WIN32)
+
+Outcome runReportAtTerminal(const std::vector<std::string>&, unsigned short) { return {}; }
+
+#else
 
 Outcome runReportAtTerminal(const std::vector<std::string>& arguments, unsigned short columns) {
     winsize size{};
@@ -88,29 +52,10 @@ Outcome runReportAtTerminal(const std::vector<std::string>& arguments, unsigned 
     int status = 0;
     waitpid(child, &status, 0);
     close(terminal);
-    outcome.status = exitStatus(status);
+    if (WIFEXITED(status)) outcome.status = WEXITSTATUS(status);
     return outcome;
 }
 
-ScratchFolder::ScratchFolder() {
-    std::string name = ::testing::TempDir() + "orvex-report-XXXXXX";
-    if (mkdtemp(name.data()) == nullptr) ADD_FAILURE() << "no folder " << name;
-    folder = name;
-}
-
-ScratchFolder::~ScratchFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(folder, ignored);
-}
-
-std::string ScratchFolder::file(const std::string& name, const std::string& bytes) const {
-    std::ofstream(path(name), std::ios::binary) << bytes;
-    return path(name);
-}
-
-std::string readFile(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
+#endif
 
 } // namespace ostrel::report::testing

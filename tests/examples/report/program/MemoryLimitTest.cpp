@@ -38,6 +38,7 @@ std::string parforOf(std::size_t statements) {
 class OrvexReportMemoryLimit : public ::testing::Test {
 protected:
     void SetUp() override {
+        if (!HAS_POSIX_SHELL) GTEST_SKIP() << "no shell to limit the address space";
         if (zt::orvex::testing::IS_EMULATED)
             GTEST_SKIP()
                 << "an emulator takes address space itself, and more than the limit leaves";

@@ -2,22 +2,18 @@
 
 #include "RunReport.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
-#include <future>
+#include <fstream>
 #include <iterator>
 #include <string>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace ostrel::report::testing {
 
 namespace {
 
 namespace fs = std::filesystem;
-using ::testing::HasSubstr;
 
 std::ptrdiff_t countFiles(const ScratchFolder& scratch) {
     return std::distance(fs::directory_iterator(scratch.path("")), fs::directory_iterator());
@@ -27,10 +23,6 @@ bool writeTo(const std::string& path, const std::string& text) {
     OutputFile output(path);
     output.stream() << text;
     return output.finish();
-}
-
-unsigned permissionsOf(const std::string& path) {
-    return static_cast<unsigned>(fs::status(path).permissions());
 }
 
 } // namespace
@@ -57,33 +49,6 @@ TEST(OutputFile, NotFinishedLeavesTheFormerFileAndNothingElse) {
     EXPECT_EQ(countFiles(scratch), 1);
 }
 
-TEST(OutputFile, NewFileHasThePermissionsOfAnyNewFile) {
-    const ScratchFolder scratch;
-    const mode_t mask = umask(027);
-    EXPECT_TRUE(writeTo(scratch.path("report.txt"), ""));
-    umask(mask);
-    EXPECT_EQ(permissionsOf(scratch.path("report.txt")), 0640U);
-}
-
-TEST(OutputFile, ReplacedFileKeepsItsPermissions) {
-    const ScratchFolder scratch;
-    const std::string path = scratch.file("report.txt", "");
-    fs::permissions(path, fs::perms(0604));
-    EXPECT_TRUE(writeTo(path, "new"));
-    EXPECT_EQ(permissionsOf(path), 0604U);
-    EXPECT_EQ(readFile(path), "new");
-}
-
-TEST(OutputFile, LinkStaysALink) {
-    const ScratchFolder scratch;
-    fs::create_directory(scratch.path("sub"));
-    scratch.file("sub/report.txt", "former");
-    fs::create_symlink("sub/report.txt", scratch.path("link"));
-    EXPECT_TRUE(writeTo(scratch.path("link"), "new"));
-    EXPECT_TRUE(fs::is_symlink(scratch.path("link")));
-    EXPECT_EQ(readFile(scratch.path("sub/report.txt")), "new");
-}
-
 TEST(OutputFile, FolderIsRefusedAtOnce) {
     const ScratchFolder scratch;
     OutputFile output(scratch.path(""));
@@ -103,7 +68,7 @@ TEST(OutputFile, FileThatMayNotBeWrittenIsNotReplaced) {
     const ScratchFolder scratch;
     const std::string path = scratch.file("report.txt", "former");
     fs::permissions(path, fs::perms(0444));
-    if (geteuid() == 0) GTEST_SKIP() << "the superuser may write everything";
+    if (std::ofstream(path, std::ios::app)) GTEST_SKIP() << "this user may write everything";
     OutputFile output(path);
     EXPECT_FALSE(output.isGood());
     EXPECT_EQ(output.reason(), "Permission denied");
@@ -112,18 +77,13 @@ TEST(OutputFile, FileThatMayNotBeWrittenIsNotReplaced) {
 }
 
 TEST(OutputFile, DeviceIsWrittenDirectly) {
-    EXPECT_TRUE(writeTo("/dev/null", "text"));
-    EXPECT_TRUE(fs::is_character_file("/dev/null"));
-}
-
-TEST(OutputFile, PipeIsWrittenDirectly) {
-    const ScratchFolder scratch;
-    const std::string pipe = scratch.path("pipe");
-    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-    std::future<std::string> read = std::async(std::launch::async, readFile, pipe);
-    EXPECT_TRUE(writeTo(pipe, "text"));
-    EXPECT_EQ(read.get(), "text");
-    EXPECT_TRUE(fs::is_fifo(pipe));
+#if defined(_WIN32)
+    const std::string device = "NUL";
+#else
+    const std::string device = "/dev/null";
+#endif
+    EXPECT_TRUE(writeTo(device, "text"));
+    EXPECT_TRUE(fs::is_character_file(device));
 }
 
 TEST(OutputFile, DeviceThatIsFullIsAnError) {
@@ -132,18 +92,6 @@ TEST(OutputFile, DeviceThatIsFullIsAnError) {
     output.stream() << "text";
     EXPECT_FALSE(output.finish());
     EXPECT_EQ(output.reason(), "No space left on device");
-}
-
-TEST(OutputFile, NameOfStandardOutputIsWrittenDirectlyEvenIfItIsAFile) {
-    const ScratchFolder scratch;
-    const std::string good = scratch.file("good.ost", "parfor k = 1:3, x(k) = 1; end\n");
-    const std::string out = scratch.file("out", "");
-    const std::string command = std::string("{ echo before; '") + ORVEX_REPORT_PROGRAM +
-                                "' --output /dev/stdout '" + good + "'; echo after; } >>'" + out +
-                                "'";
-    ASSERT_EQ(std::system(command.c_str()), 0);
-    EXPECT_THAT(readFile(out), HasSubstr("good.ost:1:1: parfor over k"));
-    EXPECT_THAT(readFile(out), HasSubstr("after\n"));
 }
 
 } // namespace ostrel::report::testing

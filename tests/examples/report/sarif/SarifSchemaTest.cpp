@@ -5,11 +5,9 @@
 
 #include <gmock/gmock.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <string>
-#include <sys/wait.h>
 #include <vector>
 
 namespace ostrel::report::testing {
@@ -23,19 +21,18 @@ constexpr int PACKAGE_MISSING = 2;
 class SarifSchema : public ::testing::Test {
 protected:
     void SetUp() override {
-        if (std::system("node --version >/dev/null 2>&1") != 0) GTEST_SKIP() << "no node";
+        if (runProgram("node", {"--version"}).status != 0) GTEST_SKIP() << "no node";
         if (validate({}) == PACKAGE_MISSING)
             GTEST_SKIP() << "no validator: run scripts/install-sarif-check.sh";
     }
 
     /// The exit status of the validator; what it says is in `said`.
     int validate(const std::vector<std::string>& files) {
-        std::string command = "node '" SARIF_VALIDATOR "' '" SARIF_CHECK_FOLDER "'";
-        for (const std::string& file : files)
-            command += " '" + file + "'";
-        const int status = std::system((command + " 2>'" + scratch.path("said") + "'").c_str());
-        said = readFile(scratch.path("said"));
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        std::vector<std::string> arguments{SARIF_VALIDATOR, SARIF_CHECK_FOLDER};
+        arguments.insert(arguments.end(), files.begin(), files.end());
+        const Outcome outcome = runProgram("node", arguments);
+        said = outcome.errors;
+        return outcome.status;
     }
 
     void expectValid(const std::string& log) {
