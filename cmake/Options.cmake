@@ -11,6 +11,17 @@ if(PROJECT_IS_TOP_LEVEL AND NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYP
     set(CMAKE_BUILD_TYPE Release CACHE STRING "Build type" FORCE)
 endif()
 
+# Both libraries are shared, unless BUILD_SHARED_LIBS is off. It has a default of ours only where the
+# whole build is ours: in the cache of another project, it would decide for that project's libraries.
+if(PROJECT_IS_TOP_LEVEL)
+    option(BUILD_SHARED_LIBS "Build shared libraries; static ones if off" ON)
+endif()
+if(BUILD_SHARED_LIBS OR NOT DEFINED BUILD_SHARED_LIBS)
+    set(ZT_ORVEX_LIBRARY_TYPE SHARED)
+else()
+    set(ZT_ORVEX_LIBRARY_TYPE STATIC)
+endif()
+
 option(ZT_ORVEX_DEVELOPER_MODE "Build examples and tests, and treat warnings as errors" OFF)
 option(ZT_ORVEX_BUILD_KIT "Build the companion library zt_orvex_kit" ON)
 option(ZT_ORVEX_BUILD_EXAMPLES "Build the example consumer" ${ZT_ORVEX_DEVELOPER_MODE})

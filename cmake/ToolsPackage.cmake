@@ -12,9 +12,13 @@ set_target_properties(orvex-report orvex-match PROPERTIES INSTALL_RPATH "${tools
 
 install(TARGETS orvex-report orvex-match
     RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT tools)
-install(TARGETS zt_orvex zt_orvex_kit
-    LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT tools NAMELINK_SKIP
-    RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT tools)
+# Without a path of their own, the programs take the libraries where the system has them: there they
+# are of another component, and of another package.
+if(ZT_ORVEX_LIBRARY_TYPE STREQUAL SHARED AND NOT CMAKE_SKIP_INSTALL_RPATH)
+    install(TARGETS zt_orvex zt_orvex_kit
+        LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT tools NAMELINK_SKIP
+        RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT tools)
+endif()
 if(WIN32)
     include(ToolsDlls)
 endif()

@@ -82,7 +82,7 @@ function(step_tools)
             "bin/orvex-report;--version" "bin/orvex-match;--version")
         list(POP_FRONT command tool)
         run(${EMULATOR} "${moved}/${tool}${SUFFIX}" ${command})
-        if(SUFFIX) # it began, so it found the libraries beside it: there are no others to be found
+        if(NOT SONAME) # it began: the library is in it, or beside it and nowhere else to be found
             continue()
         endif()
         execute_process(COMMAND "${CMAKE_COMMAND}" -E env LD_TRACE_LOADED_OBJECTS=1
