@@ -10,7 +10,7 @@ else()
 endif()
 set_target_properties(orvex-report orvex-match PROPERTIES INSTALL_RPATH "${tools_rpath}")
 
-install(TARGETS orvex-report orvex-match
+install(TARGETS orvex-report orvex-match EXPORT zt_orvex_toolsTargets
     RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT tools)
 # Without a path of their own, the programs take the libraries where the system has them: there they
 # are of another component, and of another package.
@@ -22,6 +22,10 @@ endif()
 if(WIN32)
     include(ToolsDlls)
 endif()
+# Beside the files of find_package that the libraries have: COMPONENTS tools gives these programs to
+# the project that asks.
+install(EXPORT zt_orvex_toolsTargets NAMESPACE zt_orvex:: DESTINATION "${package_dir}"
+    COMPONENT tools)
 install(FILES man/orvex-report.1 man/orvex-match.1
     DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT tools)
 install(FILES completions/orvex-report completions/orvex-match

@@ -59,6 +59,7 @@ function(step_tools)
     file(GLOB_RECURSE installed RELATIVE "${moved}" "${moved}/*")
     # On Windows, the libraries that they use come with them, too.
     list(FILTER installed EXCLUDE REGEX "^${LIBDIR}/libzt_orvex(_kit)?[.]so[.][0-9.]+$|^bin/.*[.]dll$")
+    list(FILTER installed EXCLUDE REGEX "^${LIBDIR}/cmake/zt_orvex/zt_orvex_toolsTargets.*[.]cmake$")
     list(SORT installed)
     set(expected
         bin/orvex-match${SUFFIX}
