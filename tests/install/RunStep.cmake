@@ -154,4 +154,40 @@ function(step_subdirectory)
     endif()
 endfunction()
 
+# A project with the library in its own tree installs its own files alone, unless it asks for more.
+function(step_embedded)
+    set(build "${WORK_DIR}/embedded")
+    configure_consumer("${SOURCE_DIR}/tests/install/embedded" "${build}" "${prefix}"
+        -D "ZT_ORVEX_SOURCE_DIR=${SOURCE_DIR}")
+    if(NOT configure_result EQUAL 0)
+        message(FATAL_ERROR "${configure_output}")
+    endif()
+    run("${CMAKE_COMMAND}" --install "${build}" --prefix "${build}/installed")
+    file(GLOB_RECURSE installed RELATIVE "${build}/installed" "${build}/installed/*")
+    if(NOT "${installed}" STREQUAL "share/consumer.txt")
+        message(FATAL_ERROR "installed: ${installed}")
+    endif()
+
+    # The library isn't built, so it can't be installed. The rule is enough.
+    run("${CMAKE_COMMAND}" -D ZT_ORVEX_INSTALL=ON "${build}")
+    file(READ "${build}/zt_orvex/cmake_install.cmake" rules)
+    if(NOT rules MATCHES "libzt_orvex[.]")
+        message(FATAL_ERROR "ZT_ORVEX_INSTALL=ON is ignored")
+    endif()
+endfunction()
+
+# Neither library nor kit nor tools.
+function(step_not_installed)
+    set(build "${WORK_DIR}/not_installed")
+    configure_consumer("${SOURCE_DIR}" "${build}" "" -D ZT_ORVEX_INSTALL=OFF
+        -D "ZT_ORVEX_BUILD_EXAMPLES=${EXAMPLES}")
+    if(NOT configure_result EQUAL 0)
+        message(FATAL_ERROR "${configure_output}")
+    endif()
+    run("${CMAKE_COMMAND}" --install "${build}" --prefix "${build}/installed")
+    if(EXISTS "${build}/installed")
+        message(FATAL_ERROR "something is in ${build}/installed")
+    endif()
+endfunction()
+
 cmake_language(CALL step_${STEP})
