@@ -30,6 +30,7 @@ option(ZT_ORVEX_BUILD_BENCHMARKS "Build the benchmarks" OFF)
 option(ZT_ORVEX_BUILD_FUZZERS "Build the fuzzers" OFF)
 set(ZT_ORVEX_SANITIZE "" CACHE STRING "Sanitizers to build with, such as address,undefined")
 option(ZT_ORVEX_COVERAGE "Instrument for coverage" OFF)
+option(ZT_ORVEX_DEBIAN_PACKAGES "Make Debian's packages of the target package" OFF)
 
 # Programs and libraries are in neighbouring folders, so that a program finds the library.
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")

@@ -38,6 +38,17 @@ nodejs              runs the validator of the SARIF report
 npm                 installs it
 '
 
+# What making and checking Debian's packages needs in addition.
+DEBIAN_PACKAGES='
+dpkg-dev            finds what each package depends on
+lintian             checks the packages
+'
+
+# What trying them in a small Debian of its own needs.
+CHROOT_PACKAGES='
+debootstrap         makes it
+'
+
 package_names() {
     awk 'NF { print $1 }' <<<"$1"
 }
