@@ -7,6 +7,8 @@ namespace zt::sample {
 
 #if defined(RENUMBERED)
 enum class Kind : std::uint8_t { First = 0, Second = 2 };
+#elif defined(NEW_KIND)
+enum class Kind : std::uint8_t { First = 0, Second = 1, Third = 2 };
 #else
 enum class Kind : std::uint8_t { First = 0, Second = 1 };
 #endif
@@ -40,5 +42,10 @@ Tree::~Tree() = default;
 
 SAMPLE_EXPORT std::uint64_t count(const Tree& tree, Handle root);
 std::uint64_t count(const Tree& tree, Handle root) { return tree.size(root); }
+
+#if defined(NEW_FUNCTION)
+SAMPLE_EXPORT std::uint64_t countTwice(const Tree& tree, Handle root);
+std::uint64_t countTwice(const Tree& tree, Handle root) { return 2 * tree.size(root); }
+#endif
 
 } // namespace zt::sample
