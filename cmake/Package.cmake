@@ -22,6 +22,13 @@ install(DIRECTORY "${PROJECT_SOURCE_DIR}/include/zt_orvex"
 install(EXPORT zt_orvexTargets NAMESPACE zt_orvex:: DESTINATION "${package_dir}"
     COMPONENT development)
 
+# The version of Boost that a consumer takes. A shared library was tried with this one and later ones,
+# though building it takes a later one. With a static library, the linker makes one of the templates
+# that both instantiate, so both must have the same headers.
+set(zt_orvex_boost_version 1.74)
+if(ZT_ORVEX_LIBRARY_TYPE STREQUAL STATIC)
+    set(zt_orvex_boost_version "${Boost_VERSION_STRING} EXACT")
+endif()
 configure_package_config_file(
     "${PROJECT_SOURCE_DIR}/cmake/zt_orvexConfig.cmake.in"
     "${PROJECT_BINARY_DIR}/zt_orvexConfig.cmake"
