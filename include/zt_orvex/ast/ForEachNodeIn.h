@@ -13,10 +13,10 @@ namespace zt::orvex {
 /// an unknown kind is skipped with its subtree: no call, no error, and the walk continues with the
 /// next node.
 ///
-///   std::size_t loops = 0;
-///   forEachNodeIn(program, [&](NodeView node) {
-///       if (node.getKind() == NodeKind::ForStatement) ++loops;
-///   });
+///     std::size_t loops = 0;
+///     forEachNodeIn(program, [&](NodeView node) {
+///         if (node.getKind() == NodeKind::ForStatement) ++loops;
+///     });
 ///
 /// The function object isn't copied, so a stateful one keeps its state for the whole walk. A
 /// callback may start walks of its own. A callback that takes the view by reference must copy it to

@@ -13,7 +13,7 @@ namespace zt::orvex {
 /// only declares and exports it. It doesn't check what an implementation returns, and how long
 /// handles stay valid is for those two modules to agree on.
 ///
-///   for (auto node = adapter.getFirst(); node; node = adapter.getNext(*node)) print(*node);
+///     for (auto node = adapter.getFirst(); node; node = adapter.getNext(*node)) print(*node);
 ///
 /// The order of the declarations is part of the binary interface. If there is no such node, the
 /// answer is an empty optional.

@@ -17,10 +17,10 @@ namespace zt::orvex {
 /// `log...` may be called at any level. Nothing is checked. A logger belongs to one thread at a
 /// time. Text arguments are read only during the call.
 ///
-///   logger.beginMatching("A", "B");
-///   if (!sameKind)
-///       logger.logMismatchedNodes("A", "B", kindOfA, kindOfB, positionOfA, positionOfB);
-///   logger.doneMatching(sameKind);
+///     logger.beginMatching("A", "B");
+///     if (!sameKind)
+///         logger.logMismatchedNodes("A", "B", kindOfA, kindOfB, positionOfA, positionOfB);
+///     logger.doneMatching(sameKind);
 class ZT_ORVEX_EXPORT EquivalenceLogger {
 public:
     EquivalenceLogger();

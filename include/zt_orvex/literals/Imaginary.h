@@ -10,9 +10,9 @@ namespace zt::orvex {
 /// The value of an imaginary literal such as 2.5i. Holds the imaginary part; the real part is zero
 /// by definition.
 ///
-///   const Imaginary value(2.5);
-///   std::complex<double> z = value;  // (0, 2.5)
-///   std::cout << value;              // 2.5i
+///     const Imaginary value(2.5);
+///     std::complex<double> z = value;  // (0, 2.5)
+///     std::cout << value;              // 2.5i
 class ZT_ORVEX_EXPORT Imaginary {
 public:
     Imaginary(double imaginaryPart) noexcept;

@@ -12,8 +12,8 @@ namespace zt::orvex {
 /// No function of the library takes or returns one, but each visitor has an overload for every
 /// alternative.
 ///
-///   internal::ValueToStringVisitor toString;
-///   boost::apply_visitor([&](auto value) { return toString.visit(value); }, literalValue);
+///     internal::ValueToStringVisitor toString;
+///     boost::apply_visitor([&](auto value) { return toString.visit(value); }, literalValue);
 using LiteralValue = boost::variant<unsigned char, unsigned short, unsigned int, unsigned long long,
                                     signed char, short, int, long long, double, Imaginary>;
 

@@ -12,11 +12,11 @@ namespace zt::orvex::internal {
 /// Owns its texts; what its functions return lives as long as the exception. `what()` is
 /// "Conversion failed converting '<text>' Reason: <reason>".
 ///
-///   try {
-///       parseBinaryLiteral("0b102");
-///   } catch (const NumberConversionError& error) {
-///       error.what();  // Conversion failed converting '102' Reason: Not Specified
-///   }
+///     try {
+///         parseBinaryLiteral("0b102");
+///     } catch (const NumberConversionError& error) {
+///         error.what();  // Conversion failed converting '102' Reason: Not Specified
+///     }
 class ZT_ORVEX_EXPORT NumberConversionError : public std::exception {
 public:
     explicit NumberConversionError(std::string textToConvert,

@@ -18,12 +18,12 @@ namespace zt::orvex {
 /// Owns a copy of the whole text; the views that it returns point into that copy and live as long
 /// as the object. A plain value: any thread may read it.
 ///
-///   boost::optional<Pragma> pragma = parsePragma(u"%#function a, b", position);
-///   pragma->getKind();                  // PragmaKind::function
-///   pragma->getPragmaName();            // "function"
-///   pragma->getPragmaText();            // "%#function"
-///   pragma->getArgumentsText();         // " a, b"
-///   pragma->getTrimmedArgumentsText();  // "a, b"
+///     boost::optional<Pragma> pragma = parsePragma(u"%#function a, b", position);
+///     pragma->getKind();                  // PragmaKind::function
+///     pragma->getPragmaName();            // "function"
+///     pragma->getPragmaText();            // "%#function"
+///     pragma->getArgumentsText();         // " a, b"
+///     pragma->getTrimmedArgumentsText();  // "a, b"
 class ZT_ORVEX_EXPORT Pragma {
 public:
     /// Stores its arguments unchecked; `parsePragma` derives them from a comment. Offsets count

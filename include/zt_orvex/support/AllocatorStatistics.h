@@ -14,10 +14,10 @@ namespace zt::orvex {
 /// wrap at 64 bits silently. Not synchronised: a record belongs to one thread at a time, or to an
 /// allocator that guards it.
 ///
-///   AllocatorStatistics statistics;
-///   statistics.recordAllocationRequest(24);
-///   statistics.recordSystemMemoryAllocation(4096);
-///   const AllocatorStatistics total = statistics + others;
+///     AllocatorStatistics statistics;
+///     statistics.recordAllocationRequest(24);
+///     statistics.recordSystemMemoryAllocation(4096);
+///     const AllocatorStatistics total = statistics + others;
 class ZT_ORVEX_EXPORT AllocatorStatistics {
 public:
     /// All counters zero.

@@ -64,9 +64,9 @@ namespace zt::orvex {
 /// such a stream `std::endl`, `std::setfill` and a single `char` throw std::bad_cast, and padding
 /// and numbers set `badbit`. Imbue the stream with this locale:
 ///
-///   std::basic_ostringstream<char16_t> out;
-///   out.imbue(zt::orvex::getChar16Locale());
-///   out << std::setfill(u'*') << std::setw(4) << 42 << std::endl;
+///     std::basic_ostringstream<char16_t> out;
+///     out.imbue(zt::orvex::getChar16Locale());
+///     out << std::setfill(u'*') << std::setw(4) << 42 << std::endl;
 ///
 /// Only ASCII characters are classified, change case and have a narrow form; a byte above 0x7F
 /// widens to U+FFFD. Numbers look as in the classic locale; a locale derived from this one can have

@@ -16,9 +16,9 @@
 /// of overloaded functions ambiguous. A literal, like any pointer, ends at its first zero; pass a
 /// pointer and a length for a text with a zero inside.
 ///
-///   void print(ConvertibleBasicStringView<char16_t> text);
-///   print(u"x");  print(std::u16string(u"x"));  print(std::u16string_view(u"x"));
-///   std::u16string_view text = ConvertibleBasicStringView<char16_t>(u"x");
+///     void print(ConvertibleBasicStringView<char16_t> text);
+///     print(u"x");  print(std::u16string(u"x"));  print(std::u16string_view(u"x"));
+///     std::u16string_view text = ConvertibleBasicStringView<char16_t>(u"x");
 template <class CharT>
 class ConvertibleBasicStringView {
     static_assert(std::is_same_v<CharT, char> || std::is_same_v<CharT, char16_t>,

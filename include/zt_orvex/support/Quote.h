@@ -11,7 +11,7 @@ namespace zt::orvex {
 
 /// `text` enclosed in `quoteChar`, with each `quoteChar` inside it doubled.
 ///
-///   quote(u"it's", u'\'');  // 'it''s'
+///     quote(u"it's", u'\'');  // 'it''s'
 ZT_ORVEX_EXPORT std::u16string quote(boost::basic_string_ref<char16_t> text, char16_t quoteChar);
 
 /// Undoes `quote` in place and returns the new length. `text[length]` must exist and be the
@@ -22,9 +22,9 @@ ZT_ORVEX_EXPORT std::u16string quote(boost::basic_string_ref<char16_t> text, cha
 /// extends to the end of the text. Inside `(...)`, `[...]` and `{...}` nothing changes; brackets in
 /// a quoted run don't count. Nothing is an error.
 ///
-///   a'b c'd  becomes  ab cd
-///   f('x')   stays    f('x')
-///   )'a'     becomes  )a, since only an open bracket protects what follows
+///     a'b c'd  becomes  ab cd
+///     f('x')   stays    f('x')
+///     )'a'     becomes  )a, since only an open bracket protects what follows
 ///
 /// If the buffer would extend past the top of the address space, nothing is touched and the result
 /// is the largest size. A quote character of 0 is of little use: outside brackets the terminating

@@ -13,7 +13,7 @@ namespace zt::orvex {
 /// isn't a member. Returns the same object on every call, built by the first; any thread may read
 /// it.
 ///
-///   if (getRestrictedExternals().count(u"eval") != 0) refuse();
+///     if (getRestrictedExternals().count(u"eval") != 0) refuse();
 ZT_ORVEX_EXPORT const std::unordered_set<std::u16string>& getRestrictedExternals();
 
 } // namespace zt::orvex

@@ -20,9 +20,9 @@ struct SmallStringWords {
 /// The text is padded on the right with zero bytes. No length is stored, so a text equals the same
 /// text followed by zero bytes. Only `str` allocates.
 ///
-///   const SmallString name("idx");
-///   name == SmallString("idx");  // true
-///   name.str();                  // "idx"
+///     const SmallString name("idx");
+///     name == SmallString("idx");  // true
+///     name.str();                  // "idx"
 class ZT_ORVEX_EXPORT SmallString {
 public:
     /// The longest text that fits, in bytes.

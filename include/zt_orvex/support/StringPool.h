@@ -21,10 +21,10 @@ namespace zt::orvex::internal {
 /// A lookup allocates nothing and costs one probe of a hash table. It updates counters although it
 /// is `const`, so a pool belongs to one thread at a time, even for lookups.
 ///
-///   StringPool pool;
-///   pool.poolIfShort("idx", u"idx");
-///   pool.lookup("idx");  // a view of the text that was given
-///   pool.lookup("row");  // empty
+///     StringPool pool;
+///     pool.poolIfShort("idx", u"idx");
+///     pool.lookup("idx");  // a view of the text that was given
+///     pool.lookup("row");  // empty
 class ZT_ORVEX_EXPORT StringPool {
 public:
     StringPool();
