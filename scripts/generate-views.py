@@ -19,7 +19,7 @@ from pathlib import Path
 COLUMNS = 100  # as in .clang-format
 
 Part = namedtuple("Part", "form accessor type")
-Kind = namedtuple("Kind", "name comment parts")
+Kind = namedtuple("Kind", "name group comment parts")
 Operation = namedtuple("Operation", "result name parameters comment group")
 
 RESULTS = {  # of the operation, by the form of the row
@@ -39,7 +39,7 @@ def read_kinds(text):
         if line.startswith("// "):
             comment.append(line[3:])
         elif row and row[1] == "NODE_KIND":
-            kinds.append(Kind(row[2], comment, []))
+            kinds.append(Kind(row[2], row[3], comment, []))
             comment = []
         elif row:
             form, kind, accessor, detail = row.groups()
@@ -76,6 +76,8 @@ def check_agreement(kinds, operations, families):
         known = named.keys() | families | BY_HAND
         if operation.name not in known and operation.group != "Reserved":
             sys.exit(f"no row of NodeKinds.def names {operation.name}, which IAstView.h declares")
+        if not operation.comment and operation.group != "Reserved":
+            sys.exit(f"{operation.name} has no comment in IAstView.h")
 
 
 def function(head, body):

@@ -30,6 +30,8 @@ zt_orvex_expect_refusal(NodeKinds.def "ZT_ORVEX_NODE_KIND(End, Expression)"
     "ZT_ORVEX_NODE_KIND(End, Expression)\nZT_ORVEX_ONE(End, getEndOf)" "IAstView.h lacks getEndOf")
 zt_orvex_expect_refusal(NodeKinds.def "ZT_ORVEX_MAYBE(IfStatement, getIfElseClause)"
     "ZT_ORVEX_ONE(IfStatement, getIfElseClause)" "getIfElseClause returns")
+zt_orvex_expect_refusal(IAstView.h "    /// How many elements the range has.\n    virtual std::uint64_t getRowRangeSize"
+    "    virtual std::uint64_t getRowRangeSize" "getRowRangeSize has no comment")
 zt_orvex_expect_refusal(NodeKinds.def "NODE_KIND(End, Expression)" "NODE_KIND(Ende, Expression)"
     "TypedViews.h isn't up to date")
 zt_orvex_expect_refusal(TypedViews.h "view->getIfCondition(node)" "view->getWhileCondition(node)"

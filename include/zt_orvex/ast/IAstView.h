@@ -74,6 +74,7 @@ public:
     virtual NodeView getExitNode() const = 0;
 
     // Reserved
+    /// Keeps a place and is never called: give it any answer.
     virtual std::uint64_t reservedOperation4() const = 0;
     virtual std::uint64_t reservedOperation5() const = 0;
 
@@ -139,6 +140,7 @@ public:
     virtual boost::optional<NodeView> getAttributeValue(std::uint64_t node) const = 0;
 
     // Reserved
+    /// Keeps a place and is never called: give it any answer.
     virtual std::uint64_t getAttributeExtra(std::uint64_t node) const = 0;
 
     // BareIdentifierStatement
@@ -146,6 +148,7 @@ public:
     virtual NodeView getBareIdentifier(std::uint64_t node) const = 0;
 
     // Reserved
+    /// Keeps a place and is never called: give it any answer.
     virtual std::uint64_t getBareStatementExtra(std::uint64_t node) const = 0;
 
     // BinaryOperation
@@ -191,6 +194,7 @@ public:
                                                   std::uint64_t second) const = 0;
 
     // Reserved
+    /// Keeps a place and is never called: give it any answer.
     virtual std::uint64_t getCharacterLiteralText(std::uint64_t node) const = 0;
 
     // CharacterLiteral
@@ -312,6 +316,7 @@ public:
     virtual boost::optional<NodeView> getEventPart(std::uint64_t node) const = 0;
 
     // Reserved
+    /// Keeps a place and is never called: give it any answer.
     virtual std::uint64_t getFillerExtra(std::uint64_t node) const = 0;
 
     // ForStatement
@@ -433,6 +438,7 @@ public:
     virtual NodeView getNamedArgumentValue(std::uint64_t node) const = 0;
 
     // Reserved
+    /// Keeps a place and is never called: give it any answer.
     virtual std::uint64_t getNamedArgumentExtra(std::uint64_t node) const = 0;
 
     // Any node
@@ -440,6 +446,7 @@ public:
     virtual NodeKind getNodeKind(std::uint64_t node) const = 0;
 
     // Reserved
+    /// Keeps a place and is never called: give it any answer.
     virtual std::uint64_t getNodeExtra(std::uint64_t node) const = 0;
 
     // Range of nodes
@@ -450,6 +457,7 @@ public:
     virtual std::uint64_t getNodeRangeSize(std::uint64_t first, std::uint64_t second) const = 0;
 
     // Reserved
+    /// Keeps a place and is never called: give it any answer.
     virtual std::uint64_t getNumberOperation1(std::uint64_t node) const = 0;
     virtual std::uint64_t getNumberOperation2(std::uint64_t node) const = 0;
     virtual std::uint64_t getNumberOperation3(std::uint64_t node) const = 0;
@@ -541,6 +549,7 @@ public:
                                                 std::uint64_t second) const = 0;
 
     // Reserved
+    /// Keeps a place and is never called: give it any answer.
     virtual std::uint64_t getStringLiteralText(std::uint64_t node) const = 0;
 
     // StringLiteral
@@ -582,9 +591,11 @@ public:
     virtual StatementRangeView getWhileBody(std::uint64_t node) const = 0;
 
     IAstView();
-    IAstView(const IAstView& other);
+    /// @{
     /// Copies nothing: there is nothing to copy.
+    IAstView(const IAstView& other);
     IAstView& operator=(const IAstView& other);
+    /// @}
 };
 
 inline NodeKind NodeView::getKind() const { return view->getNodeKind(node); }

@@ -23,6 +23,7 @@ public:
 
     /// The node without a parent; none in an empty tree.
     virtual boost::optional<NodeView> getRoot() const = 0;
+    /// The node of which `node` is an operand; none for the root.
     virtual boost::optional<NodeView> getParent(const NodeView& node) const = 0;
     /// The operand that precedes the node in source text.
     virtual boost::optional<NodeView> getLeft(const NodeView& node) const = 0;
@@ -30,13 +31,17 @@ public:
     virtual boost::optional<NodeView> getRight(const NodeView& node) const = 0;
     /// Where a walk begins: the node without a predecessor.
     virtual boost::optional<NodeView> getFirst() const = 0;
+    /// The node that a walk comes to after `node`; none after the last.
     virtual boost::optional<NodeView> getNext(const NodeView& node) const = 0;
+    /// The node that a walk comes to before `node`; none before the first.
     virtual boost::optional<NodeView> getPrevious(const NodeView& node) const = 0;
 
     ILnrAdapter();
-    ILnrAdapter(const ILnrAdapter& other);
+    /// @{
     /// Copies nothing: there is nothing to copy.
+    ILnrAdapter(const ILnrAdapter& other);
     ILnrAdapter& operator=(const ILnrAdapter& other);
+    /// @}
 };
 
 } // namespace zt::orvex

@@ -21,9 +21,11 @@ public:
     virtual std::u16string unparse(const NodeView& node) const = 0;
 
     IUnparserAdapter();
-    IUnparserAdapter(const IUnparserAdapter& other);
+    /// @{
     /// Copies nothing: there is nothing to copy.
+    IUnparserAdapter(const IUnparserAdapter& other);
     IUnparserAdapter& operator=(const IUnparserAdapter& other);
+    /// @}
 };
 
 } // namespace zt::orvex

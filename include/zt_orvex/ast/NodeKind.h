@@ -14,7 +14,7 @@ namespace zt::orvex {
 /// enumerator; nodes of unknown kinds are skipped silently everywhere. NodeKinds.def has a line on
 /// each kind.
 enum class NodeKind : std::uint8_t {
-    Invalid,
+    Invalid, ///< No kind: what a tree may answer for a node that it doesn't know.
 #define ZT_ORVEX_NODE_KIND(Name, Class) Name,
 #include <zt_orvex/ast/NodeKinds.def>
 };
@@ -24,6 +24,7 @@ static_assert(sizeof(NodeKind) == 1);
 /// All kinds but `Invalid`, ascending: the same object at every call. Any thread may read it.
 ZT_ORVEX_EXPORT const std::set<NodeKind>& getAllNodeKinds();
 
+/// @{
 /// Prints the kind as a decimal number: `IfStatement` as 38, an unknown kind of value 200 as 200.
 ///
 /// On an 8-bit stream the number is written as an `int`, so the stream's flags, width and fill
@@ -33,5 +34,6 @@ ZT_ORVEX_EXPORT const std::set<NodeKind>& getAllNodeKinds();
 ZT_ORVEX_EXPORT std::ostream& operator<<(std::ostream& stream, const NodeKind& kind);
 ZT_ORVEX_EXPORT std::basic_ostream<char16_t>& operator<<(std::basic_ostream<char16_t>& stream,
                                                          const NodeKind& kind);
+/// @}
 
 } // namespace zt::orvex

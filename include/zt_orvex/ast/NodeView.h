@@ -24,16 +24,21 @@ struct NodeView {
     /// Asks `view` for the node's kind. Defined in IAstView.h, which callers must include.
     inline NodeKind getKind() const;
 
+    /// @{
+    /// Compares the handles alone. Nodes of two trees can be equal: don't mix them in one set.
     friend bool operator==(const NodeView& a, const NodeView& b) { return a.node == b.node; }
     friend bool operator!=(const NodeView& a, const NodeView& b) { return a.node != b.node; }
+    /// @}
 };
 
 static_assert(sizeof(NodeView) == 16 && std::is_trivially_copyable_v<NodeView>);
 
 } // namespace zt::orvex
 
+/// Hashes by the handle alone, as equality compares; the same value on every machine.
 template <>
 struct std::hash<zt::orvex::NodeView> {
+    /// The FNV-1a hash of the handle.
     std::size_t operator()(const zt::orvex::NodeView& node) const noexcept {
         return zt::orvex::internal::fnv1a(node.node);
     }

@@ -12,41 +12,42 @@ namespace zt::orvex {
 ///
 /// Deliberate: the doubled form comes directly before the single one.
 enum class BinaryOperator : std::uint32_t {
-    Add,                ///< +
-    Subtract,           ///< -
-    MatrixMultiply,     ///< *
-    MatrixRightDivide,  ///< /
-    MatrixLeftDivide,   ///< a backslash
-    MatrixPower,        ///< ^
-    ElementMultiply,    ///< .*
-    ElementRightDivide, ///< ./
-    ElementLeftDivide,  ///< a dot and a backslash
-    ElementPower,       ///< .^
-    LessOrEqual,        ///< <=
-    Less,               ///< <
-    GreaterOrEqual,     ///< >=
-    Greater,            ///< >
-    Equal,              ///< ==
-    NotEqual,           ///< ~=
-    ShortCircuitAnd,    ///< &&
-    ElementAnd,         ///< &
-    ShortCircuitOr,     ///< ||
-    ElementOr,          ///< |
-    At,                 ///< @
+    Add,                ///< `+`
+    Subtract,           ///< `-`
+    MatrixMultiply,     ///< `*`
+    MatrixRightDivide,  ///< `/`
+    MatrixLeftDivide,   ///< `\`
+    MatrixPower,        ///< `^`
+    ElementMultiply,    ///< `.*`
+    ElementRightDivide, ///< `./`
+    ElementLeftDivide,  ///< `.\`
+    ElementPower,       ///< `.^`
+    LessOrEqual,        ///< `<=`
+    Less,               ///< `<`
+    GreaterOrEqual,     ///< `>=`
+    Greater,            ///< `>`
+    Equal,              ///< `==`
+    NotEqual,           ///< `~=`
+    ShortCircuitAnd,    ///< `&&`
+    ElementAnd,         ///< `&`
+    ShortCircuitOr,     ///< `||`
+    ElementOr,          ///< `|`
+    At,                 ///< `@`
 };
 
 /// The operator of a `UnaryOperation`. The numbers are part of the interface. They don't say
 /// whether an operator comes before or after its operand.
 enum class UnaryOperator : std::uint32_t {
-    UnaryPlus,     ///< +
-    UnaryMinus,    ///< -
-    Apostrophe,    ///< '
-    DotApostrophe, ///< .'
-    Tilde,         ///< ~
-    QuestionMark,  ///< ?
-    UnaryAt,       ///< @
+    UnaryPlus,     ///< `+`
+    UnaryMinus,    ///< `-`
+    Apostrophe,    ///< `'`
+    DotApostrophe, ///< `.'`
+    Tilde,         ///< `~`
+    QuestionMark,  ///< `?`
+    UnaryAt,       ///< `@`
 };
 
+/// @{
 /// Writes the operator's source spelling. The stream's width and fill apply; it needs no locale for
 /// 16-bit characters. There is no inserter for 8-bit streams: use `toString`.
 ///
@@ -56,9 +57,12 @@ ZT_ORVEX_EXPORT std::basic_ostream<char16_t>& operator<<(std::basic_ostream<char
                                                          const BinaryOperator& op);
 ZT_ORVEX_EXPORT std::basic_ostream<char16_t>& operator<<(std::basic_ostream<char16_t>& stream,
                                                          const UnaryOperator& op);
+/// @}
 
+/// @{
 /// The operator's source spelling in UTF-8. Throws as the inserters do.
 ZT_ORVEX_EXPORT std::string toString(BinaryOperator op);
 ZT_ORVEX_EXPORT std::string toString(UnaryOperator op);
+/// @}
 
 } // namespace zt::orvex

@@ -15,13 +15,17 @@ struct RangeEnd {};
 template <typename Range>
 class RangeIterator {
 public:
+    /// At the first element of `over`, which is copied.
     explicit RangeIterator(const Range& over) : range(over) {}
 
+    /// The element, asked of the tree by each call.
     NodeView operator*() const { return range[index]; }
+    /// Goes on to the next element, and asks nothing.
     RangeIterator& operator++() {
         ++index;
         return *this;
     }
+    /// Whether there is an element here: asks the tree for the size.
     friend bool operator!=(const RangeIterator& a, RangeEnd) { return a.index < a.range.size(); }
 
 private:
@@ -39,15 +43,22 @@ private:
 #define ZT_ORVEX_RANGE_FAMILY(View, element, sizeOperation)                                        \
     class View {                                                                                   \
     public:                                                                                        \
+        /** Names the range to `view`, together with `second`; the library never looks inside. */  \
         std::uint64_t first;                                                                       \
+        /** The other word of the name. */                                                         \
         std::uint64_t second;                                                                      \
+        /** The tree to ask; must outlive the range. */                                            \
         const IAstView* view;                                                                      \
                                                                                                    \
+        /** How many elements there are: asks the tree. */                                         \
         std::uint64_t size() const { return view->sizeOperation(first, second); }                  \
+        /** Asks the tree for the element. `index` must be below `size()`; that isn't checked. */  \
         NodeView operator[](std::uint64_t index) const {                                           \
             return view->element(index, first, second);                                            \
         }                                                                                          \
+        /** At the first element; asks nothing. */                                                 \
         RangeIterator<View> begin() const { return RangeIterator<View>(*this); }                   \
+        /** What an iterator is compared with to learn whether it has an element. */               \
         RangeEnd end() const { return {}; }                                                        \
     };                                                                                             \
     static_assert(sizeof(View) == 24 && std::is_trivially_copyable_v<View>);

@@ -19,20 +19,25 @@ struct SymbolView {
     std::uint64_t symbol; ///< Identifies the symbol to `view`; the library never looks inside.
     const IAstView* view; ///< The tree to ask; must outlive the handle.
 
+    /// @{
+    /// Compares the handles alone. Symbols of two programs can be equal: don't mix them in one set.
     friend bool operator==(const SymbolView& a, const SymbolView& b) {
         return a.symbol == b.symbol;
     }
     friend bool operator!=(const SymbolView& a, const SymbolView& b) {
         return a.symbol != b.symbol;
     }
+    /// @}
 };
 
 static_assert(sizeof(SymbolView) == 16 && std::is_trivially_copyable_v<SymbolView>);
 
 } // namespace zt::orvex
 
+/// Hashes by the handle alone, as equality compares; the same value on every machine.
 template <>
 struct std::hash<zt::orvex::SymbolView> {
+    /// The FNV-1a hash of the handle.
     std::size_t operator()(const zt::orvex::SymbolView& symbol) const noexcept {
         return zt::orvex::internal::fnv1a(symbol.symbol);
     }

@@ -19,7 +19,9 @@ namespace zt::orvex {
 template <NodeKind kind>
 class TypedView : public NodeView {
 public:
-    static constexpr NodeKind KIND = kind;
+    static constexpr NodeKind KIND = kind; ///< The kind of all nodes that such a view names.
+
+    /// `of` must have the kind; that isn't checked.
     explicit TypedView(const NodeView& of) : NodeView(of) {}
 };
 
@@ -263,7 +265,7 @@ public:
     NodeView getDotField() const { return view->getDotField(node); }
 };
 
-/// `s.(e)`: a field whose name is computed.
+/// A field whose name is computed. Its source form is `s.(e)`.
 class DynamicFieldOperationView : public TypedView<NodeKind::DynamicFieldOperation> {
 public:
     using TypedView::TypedView;
