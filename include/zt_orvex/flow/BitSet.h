@@ -58,6 +58,7 @@ public:
         other.sizeAndOwner = 0;
     }
 
+    /// As the copy construction. If it throws, this set is unchanged.
     BitSet& operator=(const BitSet& other) {
         if (this != &other) swapWith(BitSet(other));
         return *this;
@@ -94,6 +95,7 @@ public:
         return hasIndex(universe->indexOf(element));
     }
 
+    /// Makes every element absent, after growing the set. One pass over the words.
     void clear() {
         growToUniverse();
         std::fill_n(words, wordCount(), 0);
@@ -107,6 +109,8 @@ public:
         if (used != 0) words[wordCount() - 1] ^= ALL_ONES << used;
     }
 
+    /// Whether nothing is a member, after growing the set. The search ends at the first word that
+    /// isn't zero.
     bool isEmpty() const {
         growToUniverse();
         return firstUsedWord() == wordCount();
@@ -157,14 +161,17 @@ public:
                                   });
     }
 
-    /// Grows both sets.
+    /// @{
+    /// Compares the members, after growing both sets.
     friend bool operator==(const BitSet& a, const BitSet& b) {
         growBoth(a, b);
         return internal::areEqual(a.words, b.words, a.wordCount());
     }
     friend bool operator!=(const BitSet& a, const BitSet& b) { return !(a == b); }
+    /// @}
 
-    /// Grows this set only: what lies beyond a stale `other` counts as absent from it.
+    /// Whether `other` has all members of this set. Grows this set only: what lies beyond a stale
+    /// `other` counts as absent from it.
     bool isSubsetOf(const BitSet& other) const {
         growToUniverse();
         const std::uint64_t shared = std::min(wordCount(), other.wordCount());
@@ -173,9 +180,11 @@ public:
                            [](std::uint64_t word) { return word == 0; });
     }
 
-    /// Grows both sets, as the next two do.
+    /// Adds the members of `other`. Grows both sets.
     void unionWith(const BitSet& other) { combineWith<internal::Union>(other); }
+    /// Keeps only what is a member of `other`, too. Grows both sets.
     void intersectWith(const BitSet& other) { combineWith<internal::Intersection>(other); }
+    /// Removes the members of `other`. Grows both sets.
     void subtract(const BitSet& other) { combineWith<internal::Difference>(other); }
 
     /// Takes the value and the `bitCount()` of `source`, and grows neither. Keeps its words unless

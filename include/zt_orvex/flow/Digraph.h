@@ -22,8 +22,11 @@ public:
 
 protected:
     DfsCallback() = default;
+    /// @{
+    /// Copies nothing: there is nothing to copy.
     DfsCallback(const DfsCallback&) = default;
     DfsCallback& operator=(const DfsCallback&) = default;
+    /// @}
 };
 
 /// A directed graph over any values that `OrderedSet` accepts, with a depth-first traversal.
@@ -41,15 +44,21 @@ public:
     /// The successors of a node, in order of index. Lasts until the graph changes.
     class Successors {
     public:
+        /// Steps through the successors. Lasts as long as they do.
         class Iterator {
         public:
+            /// The successor, by reference into the graph.
             const T& operator*() const { return nodes->elementAt(*position); }
+            /// Goes on to the next successor.
             Iterator& operator++() {
                 ++position;
                 return *this;
             }
+            /// @{
+            /// Compares positions; both iterators must belong to the same successors.
             friend bool operator==(Iterator a, Iterator b) { return a.position == b.position; }
             friend bool operator!=(Iterator a, Iterator b) { return a.position != b.position; }
+            /// @}
 
         private:
             friend class Successors;
@@ -59,8 +68,11 @@ public:
             const std::uint64_t* position;
         };
 
+        /// At the successor of lowest index.
         Iterator begin() const { return Iterator(nodes, indices->data()); }
+        /// After the last successor.
         Iterator end() const { return Iterator(nodes, indices->data() + indices->size()); }
+        /// The number of successors.
         std::uint64_t size() const { return indices->size(); }
 
     private:
@@ -95,9 +107,11 @@ public:
         edges.addEdge(source, addNode(to));
     }
 
+    /// The number of nodes.
     std::uint64_t size() const { return nodes.size(); }
 
-    /// Throws std::invalid_argument("element not found") if the graph lacks `node`.
+    /// The nodes to which an edge leads from `node`. One hash lookup. Throws
+    /// std::invalid_argument("element not found") if the graph lacks `node`.
     Successors successors(const T& node) const {
         return Successors(&nodes, &edges.successors(nodes.indexOf(node)));
     }

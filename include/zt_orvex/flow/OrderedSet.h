@@ -25,11 +25,14 @@ namespace zt::orvex::flow {
 template <typename T>
 class OrderedSet {
 public:
+    /// Gives the elements in order of index. An `add` makes it invalid.
     using const_iterator = typename std::vector<T>::const_iterator;
 
+    /// The empty set. Allocates nothing.
     OrderedSet() = default;
     /// Adds the elements in order, so that duplicates keep their first place.
     OrderedSet(std::initializer_list<T> list) : OrderedSet(list.begin(), list.end()) {}
+    /// The same for a range of any iterators.
     template <typename Iterator>
     OrderedSet(Iterator begin, Iterator end) {
         for (; begin != end; ++begin)
@@ -48,12 +51,13 @@ public:
         return size() - 1;
     }
 
-    /// One hash lookup.
+    /// Whether the set has `element`. One hash lookup.
     bool contains(const T& element) const {
         return find(Index::keyOf(element), element) != Index::NONE;
     }
 
-    /// One hash lookup. Throws std::invalid_argument("element not found") for an unknown element.
+    /// The element's index. One hash lookup. Throws std::invalid_argument("element not found") for
+    /// an unknown element.
     std::uint64_t indexOf(const T& element) const {
         const std::uint64_t known = find(Index::keyOf(element), element);
         if (known == Index::NONE) throwNotFound();
@@ -66,9 +70,11 @@ public:
         return known == Index::NONE ? size() : known;
     }
 
+    /// The number of elements, and the index that the next one gets.
     std::uint64_t size() const { return elements.size(); }
 
-    /// The index must be below `size()`; that isn't checked.
+    /// The element of an index, by reference until the next `add`. `place` must be below `size()`;
+    /// that isn't checked.
     const T& elementAt(std::uint64_t place) const { return elements[place]; }
 
     /// Makes room for `count` elements in all, in one step. If it throws, the set is unchanged.
@@ -77,8 +83,9 @@ public:
         elements.reserve(count);
     }
 
-    /// Iterates in order of index.
+    /// At the element of index 0.
     const_iterator begin() const { return elements.begin(); }
+    /// After the element of the highest index.
     const_iterator end() const { return elements.end(); }
 
 private:

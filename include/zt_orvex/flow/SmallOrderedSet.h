@@ -19,14 +19,15 @@ namespace zt::orvex::flow {
 template <typename T>
 class SmallOrderedSet {
 public:
-    /// Does nothing when `element` is a member already. If it throws, the set is unchanged.
+    /// Appends `element`, unless it is a member already. If it throws, the set is unchanged.
     void insert(T element) {
         if (contains(element)) return;
         reserve(count + 1);
         append(element);
     }
 
-    /// If it throws, the elements before the one that failed have been inserted.
+    /// Inserts the elements of a range, in its order. If it throws, the elements before the one
+    /// that failed have been inserted.
     template <typename Range>
     void insertAll(const Range& others) {
         for (const T& other : others)
@@ -46,12 +47,14 @@ public:
         others.clear();
     }
 
+    /// Whether `element` is a member. At most four comparisons, or one hash lookup.
     bool contains(T element) const {
         if (count <= IN_PLACE) return std::find(begin(), end(), element) != end();
         const auto isAt = [&](std::uint64_t place) { return many[place] == element; };
         return index.find(Index::keyOf(element), isAt) != Index::NONE;
     }
 
+    /// Removes all elements.
     void clear() {
         // A fresh index: clearing one that was large costs its whole table every time.
         if (count > IN_PLACE) index = {};
@@ -59,9 +62,13 @@ public:
         count = 0;
     }
 
+    /// The number of elements.
     std::size_t size() const { return count; }
+    /// Whether there is no element.
     bool empty() const { return count == 0; }
+    /// At the element that was inserted first. Lasts until the set changes.
     const T* begin() const { return count <= IN_PLACE ? few.data() : many.data(); }
+    /// After the element that was inserted last.
     const T* end() const { return begin() + count; }
 
 private:

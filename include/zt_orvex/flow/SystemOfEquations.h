@@ -22,7 +22,8 @@ namespace zt::orvex::flow {
 template <typename L>
 class SystemOfEquations {
 public:
-    using V = typename L::Value;
+    using V = typename L::Value; ///< The type of the values.
+    /// Equations in the order of their evaluation, not owned.
     using Order = std::vector<internal::Equation<V>*>;
 
     /// Evaluates all equations in order, sweep after sweep, until a sweep changes nothing, and
@@ -56,7 +57,7 @@ public:
         return sweeps;
     }
 
-    /// Applies the terms to the variable, from first to last.
+    /// Applies the terms to the variable, from first to last, on its active half.
     void evaluateRightHandSide(Variable<V>& variable,
                                const internal::TermSequence<V>& rightHandSide) const {
         internal::applyTerms(rightHandSide, variable, lattice);

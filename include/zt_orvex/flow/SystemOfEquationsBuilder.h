@@ -20,8 +20,12 @@ namespace zt::orvex::flow {
 
 /// Collects the equations of a system, at most one for each variable, and sorts them once.
 ///
-/// The lattice must outlive the builder and what it builds; `nodeNamer`, which is not owned and may
-/// be null, must outlive the builder. Belongs to one thread at a time.
+/// It makes the variables, constants and steps of which the equations consist, and shares their
+/// ownership with the systems that it builds: what it returns lasts as long as one of them. The
+/// lattice must outlive the builder and what it builds; the namer of nodes, which is not owned and
+/// may be null, must outlive the builder. Belongs to one thread at a time.
+///
+/// Every operation throws std::bad_alloc where memory runs out, and nothing has changed then.
 ///
 ///     OrderedSet<int> universe({1, 2});
 ///     PowerSetLattice<int> lattice(universe);
@@ -34,9 +38,11 @@ namespace zt::orvex::flow {
 template <typename L>
 class SystemOfEquationsBuilder {
 public:
-    using V = typename L::Value;
+    using V = typename L::Value; ///< The type of the values.
+    /// Gives a node a name, for builds that name variables.
     using NodeNamer = std::function<std::string(NodeView)>;
 
+    /// A builder without equations. Nothing calls `namer` here.
     SystemOfEquationsBuilder(L& over, const NodeNamer* namer)
         : lattice(over), factory(std::make_shared<internal::Factory<V>>()), nodeNamer(namer),
           initialValue(over.bottom()) {}
@@ -53,26 +59,29 @@ public:
         });
     }
 
-    // Every operation throws std::bad_alloc where memory runs out, and nothing has changed then.
-
     /// A variable that begins at bottom. One without an equation keeps that value.
     Variable<V>* createVariable(const std::string& name) {
         return made(factory->createVariable(name, initialValue));
     }
 
+    /// A constant with a copy of `value`, to stand first in a right-hand side.
     Constant<V>* createConstant(const V& value) {
         // Deliberate: this text, unlike that of the families, has no closing bracket.
         static const std::string omitted = "<names omitted in non-asserted builds";
         return made(factory->createConstant(omitted, value));
     }
 
+    /// A step that joins the value of `operand` into the variable of the equation.
     Join<V>* createJoin(Variable<V>* operand) { return made(factory->createJoin(operand)); }
+    /// A step that meets the variable of the equation with the value of `operand`.
     Meet<V>* createMeet(Variable<V>* operand) { return made(factory->createMeet(operand)); }
+    /// A step that takes the value of `operand` from the variable of the equation.
     Minus<V>* createMinus(Variable<V>* operand) { return made(factory->createMinus(operand)); }
 
     /// Makes room for `count` equations in one step.
     void reserve(std::size_t count) { equations.reserve(count); }
 
+    /// @{
     /// Adds the equation `variable` = the terms, whose pointers are copied. The first term must be
     /// a variable or a constant; that isn't checked.
     ///
@@ -91,8 +100,11 @@ public:
     void addEquation(Variable<V>* variable, std::initializer_list<Term<V>*> terms) {
         addEquation(variable, terms.begin(), terms.end());
     }
+    /// @}
 
-    /// Appends the terms, in order; none is allowed. Throws
+    /// @{
+    /// Appends the terms to the equation of `variable`, in order; their number may be 0. A system
+    /// that has been built evaluates them, too, in the order that it has. Throws
     /// std::invalid_argument("Equation does not exist for this variable").
     void extendEquation(Variable<V>* variable, Term<V>* const* begin, Term<V>* const* end) {
         internal::Equation<V>* const equation = equations.find(variable);
@@ -104,7 +116,9 @@ public:
     void extendEquation(Variable<V>* variable, std::initializer_list<Term<V>*> terms) {
         extendEquation(variable, terms.begin(), terms.end());
     }
+    /// @}
 
+    /// Whether the variable has an equation in this builder.
     bool hasEquation(const Variable<V>* variable) const {
         return equations.find(variable) != nullptr;
     }

@@ -11,11 +11,6 @@
 
 namespace zt::orvex::flow {
 
-// A right-hand side isn't an expression tree. It is a flat sequence of terms, applied from left to
-// right to the variable that it defines: the first gives it a value, each later one folds one more
-// variable in. [a, Minus b, Join c] computes (a minus b) join c; no operator binds tighter than
-// another. A SystemOfEquationsBuilder makes terms and owns them; everybody else holds plain pointers.
-
 template <typename V>
 class Variable;
 
@@ -27,6 +22,12 @@ using DependencySet = SmallOrderedSet<Variable<V>*>;
 class SupportsToString {};
 
 /// One step of a right-hand side.
+///
+/// A right-hand side isn't an expression tree. It is a flat sequence of terms, applied from left to
+/// right to the variable that it defines: the first gives it a value, each later one folds one more
+/// variable in. `[a, Minus b, Join c]` computes (a minus b) join c; no operator binds tighter than
+/// another. A `SystemOfEquationsBuilder` makes terms and owns them; everybody else holds plain
+/// pointers.
 template <typename V>
 class Term : public SupportsToString {
 public:
@@ -43,14 +44,18 @@ public:
 
 protected:
     Term() = default;
+    /// @{
+    /// Copies nothing: there is nothing to copy.
     Term(const Term&) = default;
     Term& operator=(const Term&) = default;
+    /// @}
 };
 
 /// What a right-hand side can begin with.
 template <typename V>
 class VariableOrConstant : public Term<V> {
 public:
+    /// The name.
     std::string toString() const override { return name; }
 
 protected:
@@ -73,9 +78,11 @@ public:
         : VariableOrConstant<V>(named), values{internal::copyIn(storage.memory(), initial),
                                                internal::copyIn(storage.memory(), initial)} {}
 
+    /// @{
     /// The active half.
     V& value() { return values[current]; }
     const V& value() const { return values[current]; }
+    /// @}
 
     /// The other half: during a sweep, the value of the sweep before.
     const V& previousValue() const { return values[current ^ 1]; }
@@ -83,9 +90,11 @@ public:
     /// Which half is active: 0 or 1.
     std::int32_t currentHalf() const { return current; }
 
+    /// Assigns the active half to that of `target`.
     void applyTo(Variable& target, const Lattice<V>& lattice) const override {
         lattice.assign(target.value(), value());
     }
+    /// Adds itself.
     void collectDependencies(DependencySet<V>& out) override { out.insert(this); }
 
 private:
@@ -105,11 +114,14 @@ public:
     Constant(const std::string& named, const V& fixed, const internal::SystemStorage& storage)
         : VariableOrConstant<V>(named), fixedValue(internal::copyIn(storage.memory(), fixed)) {}
 
+    /// The value, which never changes.
     const V& value() const { return fixedValue; }
 
+    /// Assigns the value to the active half of `target`.
     void applyTo(Variable<V>& target, const Lattice<V>& lattice) const override {
         lattice.assign(target.value(), fixedValue);
     }
+    /// Adds nothing.
     void collectDependencies(DependencySet<V>&) override {}
 
 private:
@@ -120,13 +132,17 @@ private:
 template <typename V>
 class ApplyOperationTerm : public Term<V> {
 public:
+    /// The variable that is folded in.
     const Variable<V>& operand() const { return *folded; }
 
+    /// Adds the operand.
     void collectDependencies(DependencySet<V>& out) override { out.insert(folded); }
 
 protected:
+    /// `with` isn't owned, and must outlive the term.
     explicit ApplyOperationTerm(Variable<V>* with) : folded(with) {}
 
+    /// " U x", for the symbol "U" and an operand named x.
     std::string textWith(const std::string& symbol) const {
         return " " + symbol + " " + folded->toString();
     }
@@ -135,42 +151,54 @@ private:
     Variable<V>* folded;
 };
 
+/// A step that joins a variable into the target.
 template <typename V>
 class Join final : public ApplyOperationTerm<V> {
 public:
+    /// For factories.
     explicit Join(Variable<V>* with) : ApplyOperationTerm<V>(with) {}
 
+    /// Joins the operand's active half into that of `target`.
     void applyTo(Variable<V>& target, const Lattice<V>& lattice) const override {
         lattice.joinInto(target.value(), this->operand().value());
     }
+    /// " U x", for an operand named x.
     std::string toString() const override {
         static const std::string symbol = "U";
         return this->textWith(symbol);
     }
 };
 
+/// A step that meets the target with a variable.
 template <typename V>
 class Meet final : public ApplyOperationTerm<V> {
 public:
+    /// For factories.
     explicit Meet(Variable<V>* with) : ApplyOperationTerm<V>(with) {}
 
+    /// Meets the active half of `target` with that of the operand.
     void applyTo(Variable<V>& target, const Lattice<V>& lattice) const override {
         lattice.meetInto(target.value(), this->operand().value());
     }
+    /// " & x", for an operand named x.
     std::string toString() const override {
         static const std::string symbol = "&";
         return this->textWith(symbol);
     }
 };
 
+/// A step that takes a variable from the target.
 template <typename V>
 class Minus final : public ApplyOperationTerm<V> {
 public:
+    /// For factories.
     explicit Minus(Variable<V>* with) : ApplyOperationTerm<V>(with) {}
 
+    /// Takes the operand's active half from that of `target`.
     void applyTo(Variable<V>& target, const Lattice<V>& lattice) const override {
         lattice.minusInto(target.value(), this->operand().value());
     }
+    /// " - x", for an operand named x.
     std::string toString() const override {
         static const std::string symbol = "-";
         return this->textWith(symbol);

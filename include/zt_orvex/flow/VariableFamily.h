@@ -18,8 +18,10 @@ namespace zt::orvex::flow {
 template <typename V>
 class VariableFamily {
 public:
+    /// Makes the variable of a node. Called once for each node.
     using Creator = std::function<Variable<V>*(NodeView)>;
 
+    /// A family without variables. `named` has no effect in this build.
     VariableFamily(std::string named, Creator makes)
         : name(std::move(named)), creator(std::move(makes)) {}
 
