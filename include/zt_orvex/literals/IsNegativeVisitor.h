@@ -8,6 +8,8 @@ namespace zt::orvex::internal {
 /// Whether the value of a literal is below 0. Minus 0 isn't, nor is a NaN.
 class ZT_ORVEX_EXPORT IsNegativeVisitor {
 public:
+    /// @{
+    /// Whether `value` is below 0: never if its type is unsigned.
     bool visit(signed char value) const noexcept;
     bool visit(unsigned char value) const noexcept;
     bool visit(short value) const noexcept;
@@ -17,6 +19,7 @@ public:
     bool visit(long long value) const noexcept;
     bool visit(unsigned long long value) const noexcept;
     bool visit(double value) const noexcept;
+    /// @}
 
     /// Deliberate: false, even below 0. An imaginary literal never counts as negative.
     bool visit(Imaginary value) const noexcept;

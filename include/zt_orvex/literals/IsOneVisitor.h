@@ -8,6 +8,8 @@ namespace zt::orvex::internal {
 /// Whether the value of a literal equals 1.
 class ZT_ORVEX_EXPORT IsOneVisitor {
 public:
+    /// @{
+    /// Whether `value` is exactly 1.
     bool visit(signed char value) const noexcept;
     bool visit(unsigned char value) const noexcept;
     bool visit(short value) const noexcept;
@@ -17,6 +19,7 @@ public:
     bool visit(long long value) const noexcept;
     bool visit(unsigned long long value) const noexcept;
     bool visit(double value) const noexcept;
+    /// @}
 
     /// Deliberate: always false. An imaginary literal never counts as one.
     bool visit(Imaginary value) const noexcept;

@@ -8,6 +8,8 @@ namespace zt::orvex::internal {
 /// Whether the value of a literal equals 0. Minus 0 does, a NaN doesn't.
 class ZT_ORVEX_EXPORT IsZeroVisitor {
 public:
+    /// @{
+    /// Whether `value` is 0.
     bool visit(signed char value) const noexcept;
     bool visit(unsigned char value) const noexcept;
     bool visit(short value) const noexcept;
@@ -17,7 +19,9 @@ public:
     bool visit(long long value) const noexcept;
     bool visit(unsigned long long value) const noexcept;
     bool visit(double value) const noexcept;
+    /// @}
 
+    /// Whether the imaginary part is 0: then the whole number is.
     bool visit(Imaginary value) const noexcept;
 };
 

@@ -10,7 +10,7 @@ namespace zt::orvex::internal {
 /// Thrown for text that can't be converted to a number.
 ///
 /// Owns its texts; what its functions return lives as long as the exception. `what()` is
-/// "Conversion failed converting '<text>' Reason: <reason>".
+/// "Conversion failed converting 'TEXT' Reason: REASON".
 ///
 ///     try {
 ///         parseBinaryLiteral("0b102");
@@ -19,18 +19,24 @@ namespace zt::orvex::internal {
 ///     }
 class ZT_ORVEX_EXPORT NumberConversionError : public std::exception {
 public:
+    /// Composes the message of the two texts, which aren't looked into.
     explicit NumberConversionError(std::string textToConvert,
                                    std::string reasonOfFailure = "Not Specified");
+    /// Copies the three texts, for which it allocates.
     NumberConversionError(const NumberConversionError& other);
+    /// Copies the three texts, for which it allocates.
     NumberConversionError& operator=(const NumberConversionError& other);
     ~NumberConversionError() override;
 
+    /// The message, ended by a zero.
     const char* what() const noexcept override;
 
     /// The text that was being converted; for an integer, the digits without prefix and suffix.
     /// 16-bit text is narrowed to the low byte of each unit.
     const std::string& getText() const noexcept;
+    /// Why the text can't be converted: "Not Specified" for all errors of the library.
     const std::string& getReason() const noexcept;
+    /// What `what` returns, with its length.
     const std::string& getMessage() const noexcept;
 
 private:

@@ -7,7 +7,7 @@
 
 namespace zt::orvex::internal {
 
-/// Writes the value of a literal as text.
+/// Writes the value of a literal as text. Throws std::bad_alloc where memory runs out.
 ///
 /// An integer becomes a hexadecimal literal of its type's full width, which `parseHexLiteral` reads
 /// back as the same type and bits: -1 as `signed char` is 0xFFs8, and 26 as `unsigned int` is
@@ -19,6 +19,8 @@ namespace zt::orvex::internal {
 /// `Imaginary` is its double followed by an "i": 2.5i.
 class ZT_ORVEX_EXPORT ValueToStringVisitor {
 public:
+    /// @{
+    /// A hexadecimal literal with the suffix of the type and as many digits as it has room for.
     std::string visit(signed char value) const;
     std::string visit(unsigned char value) const;
     std::string visit(short value) const;
@@ -27,7 +29,10 @@ public:
     std::string visit(unsigned int value) const;
     std::string visit(long long value) const;
     std::string visit(unsigned long long value) const;
+    /// @}
+    /// At most 15 significant digits, under the global locale.
     std::string visit(double value) const;
+    /// The text of the imaginary part, followed by an "i".
     std::string visit(Imaginary value) const;
 };
 
