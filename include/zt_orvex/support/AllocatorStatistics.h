@@ -22,24 +22,34 @@ class ZT_ORVEX_EXPORT AllocatorStatistics {
 public:
     /// All counters zero.
     AllocatorStatistics();
+    /// @{
+    /// Copies the counters. So does moving: `other` keeps its values.
     AllocatorStatistics(const AllocatorStatistics& other);
     AllocatorStatistics& operator=(const AllocatorStatistics& other);
-    /// Copies; `other` keeps its values.
     AllocatorStatistics& operator=(AllocatorStatistics&& other) noexcept;
+    /// @}
 
+    /// @{
+    /// Compares all four counters.
     bool operator==(const AllocatorStatistics& other) const;
     bool operator!=(const AllocatorStatistics& other) const;
+    /// @}
 
-    /// Adds counter by counter.
+    /// The sum, counter by counter.
     AllocatorStatistics operator+(const AllocatorStatistics& other) const;
 
-    /// Counts one request, even one for no bytes.
+    /// Counts one request to the allocator, even one for no bytes.
     void recordAllocationRequest(std::size_t bytes);
+    /// Counts one block that the allocator got from the system.
     void recordSystemMemoryAllocation(std::size_t bytes);
 
+    /// How often `recordAllocationRequest` was called.
     std::uint64_t getNumberOfCallsToAllocate() const;
+    /// The bytes that it was called with, in all.
     std::uint64_t getTotalBytesRequested() const;
+    /// How often `recordSystemMemoryAllocation` was called.
     std::uint64_t getNumberOfSystemMemoryAllocations() const;
+    /// The bytes that it was called with, in all.
     std::uint64_t getTotalBytesAllocatedFromSystem() const;
 
 private:

@@ -31,13 +31,15 @@ class ConvertibleBasicStringView {
                          !std::is_same_v<T, ConvertibleBasicStringView>>;
 
 public:
-    using value_type = CharT;
-    using size_type = std::size_t;
-    using const_iterator = const CharT*;
-    using iterator = const_iterator;
+    using value_type = CharT;            ///< The type of a character.
+    using size_type = std::size_t;       ///< The type of a length.
+    using const_iterator = const CharT*; ///< Gives the characters in order.
+    using iterator = const_iterator;     ///< The same: a view changes nothing.
 
+    /// An empty text, whose `data()` is null.
     constexpr ConvertibleBasicStringView() noexcept = default;
 
+    /// The `count` characters from `text` on, zeros among them.
     constexpr ConvertibleBasicStringView(const CharT* text, std::size_t count) noexcept
         : start(text), length(count) {}
 
@@ -45,29 +47,39 @@ public:
     constexpr ConvertibleBasicStringView(const CharT* text)
         : start(text), length(std::char_traits<CharT>::length(text)) {}
 
+    /// The characters of a string, which must outlive the view and stay unchanged meanwhile.
     template <class Traits, class Allocator>
     ConvertibleBasicStringView(const std::basic_string<CharT, Traits, Allocator>& text) noexcept
         : start(text.data()), length(text.size()) {}
 
+    /// The characters that another view names.
     template <class Traits>
     constexpr ConvertibleBasicStringView(std::basic_string_view<CharT, Traits> text) noexcept
         : start(text.data()), length(text.size()) {}
 
+    /// The characters that a view of Boost names.
     template <class Traits>
     constexpr ConvertibleBasicStringView(boost::basic_string_ref<CharT, Traits> text) noexcept
         : start(text.data()), length(text.size()) {}
 
+    /// The same characters as a view of the standard library.
     constexpr operator std::basic_string_view<CharT>() const noexcept { return {start, length}; }
 
+    /// The first character. No zero need follow the last.
     constexpr const CharT* data() const noexcept { return start; }
+    /// The number of characters: bytes, or 16-bit units.
     constexpr std::size_t size() const noexcept { return length; }
+    /// Whether there is no character.
     constexpr bool empty() const noexcept { return length == 0; }
+    /// At the first character.
     constexpr const_iterator begin() const noexcept { return start; }
+    /// After the last character.
     constexpr const_iterator end() const noexcept { return start + length; }
 
-    /// `index` must be below `size()`.
+    /// The character at `index`, which must be below `size()`; that isn't checked.
     constexpr const CharT& operator[](std::size_t index) const { return start[index]; }
 
+    /// @{
     /// Compares the characters; either side may be any text that converts.
     friend constexpr bool operator==(ConvertibleBasicStringView a, ConvertibleBasicStringView b) {
         return std::basic_string_view<CharT>(a) == std::basic_string_view<CharT>(b);
@@ -93,6 +105,7 @@ public:
     friend constexpr bool operator!=(const T& a, ConvertibleBasicStringView b) {
         return !(a == b);
     }
+    /// @}
 
 private:
     const CharT* start = nullptr;

@@ -7,7 +7,9 @@
 
 namespace zt::orvex {
 
-/// The names of the 18 external functions that are restricted, such as `eval` and `load`.
+/// The names of the 18 external functions that are restricted: `assignin`, `builtin`, `dbstack`,
+/// `eval`, `evalc`, `evalin`, `feval`, `input`, `inputname`, `load`, `nargin`, `narginchk`,
+/// `nargout`, `nargoutchk`, `save`, `varargin`, `who` and `whos`.
 ///
 /// The library only holds the table; none of its analyses consults it. Lookups are exact: `Eval`
 /// isn't a member. Returns the same object on every call, built by the first; any thread may read

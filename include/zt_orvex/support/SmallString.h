@@ -11,8 +11,8 @@ namespace zt::orvex::internal {
 
 /// The bytes of a `SmallString` as two little-endian numbers: the first eight and the last eight.
 struct SmallStringWords {
-    std::uint64_t low;
-    std::uint64_t high;
+    std::uint64_t low;  ///< The first eight bytes.
+    std::uint64_t high; ///< The last eight bytes.
 };
 
 /// Up to 16 bytes of text, stored inline and compared and hashed as two machine words.
@@ -28,17 +28,23 @@ public:
     /// The longest text that fits, in bytes.
     static constexpr std::size_t MAX_LENGTH = 16;
 
-    /// `text` must not be longer than `MAX_LENGTH`; that isn't checked.
+    /// Copies the bytes. `text` must not be longer than `MAX_LENGTH`; that isn't checked.
     SmallString(ConvertibleBasicStringView<char> text);
+    /// @{
+    /// Copies the 16 bytes. So does moving: `other` keeps its text.
     SmallString(const SmallString& other);
     SmallString(SmallString&& other) noexcept;
     SmallString& operator=(const SmallString& other);
     SmallString& operator=(SmallString&& other) noexcept;
+    /// @}
 
+    /// @{
+    /// Compares all 16 bytes, those after a zero included.
     bool operator==(const SmallString& other) const;
     bool operator!=(const SmallString& other) const;
+    /// @}
 
-    /// The high word times 29, plus the low word.
+    /// The high word times 29, plus the low word: the same on every machine.
     std::size_t hashCode() const;
 
     /// The bytes before the first zero byte: a zero inside the text cuts it short.

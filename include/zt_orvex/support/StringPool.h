@@ -27,6 +27,7 @@ namespace zt::orvex::internal {
 ///     pool.lookup("row");  // empty
 class ZT_ORVEX_EXPORT StringPool {
 public:
+    /// An empty pool.
     StringPool();
     ~StringPool();
 
