@@ -12,7 +12,7 @@ namespace {
 std::string readExampleOfHeader() {
     std::ifstream header(ZT_ORVEX_INCLUDE_DIR "/zt_orvex/equivalence/AstEquivalence.h");
     EXPECT_TRUE(header.is_open());
-    const std::string start = "//   \"";
+    const std::string start = "///     \"";
     std::string text;
     for (std::string line; std::getline(header, line);) {
         if (line.compare(0, start.size(), start) != 0) continue;

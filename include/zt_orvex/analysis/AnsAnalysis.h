@@ -17,17 +17,19 @@ class SpmdStatementView;
 
 namespace zt::orvex::flow {
 
+/// @{
 /// Whether some path through the body reads `ans`, or writes a part of it, before it writes all of
 /// it.
 ///
 /// An expression or command statement whose target is named "ans" counts as a whole write. The name
 /// decides, not the symbol: a symbol with another name is analysed as an ordinary variable. Costs
-/// and errors are those of TransparentLiveVariablesAnalyzerView. `nodePrinter` may be empty.
+/// and errors are those of `TransparentLiveVariablesAnalyzerView`. `nodePrinter` may be empty.
 ZT_ORVEX_EXPORT bool
 isAnsPossiblyReadBeforeBeingWritten(ParforStatementView statement, SymbolView ans,
                                     std::function<std::string(NodeView)> nodePrinter);
 ZT_ORVEX_EXPORT bool
 isAnsPossiblyReadBeforeBeingWritten(SpmdStatementView statement, SymbolView ans,
                                     std::function<std::string(NodeView)> nodePrinter);
+/// @}
 
 } // namespace zt::orvex::flow

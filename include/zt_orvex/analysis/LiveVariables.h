@@ -19,14 +19,17 @@ class SpmdStatementView;
 
 namespace zt::orvex::flow {
 
-// The classification of the variables of a parallel construct, by what is live at the entry of its
-// body. Each computation makes one TransparentLiveVariablesAnalyzerView over the body and reads one
-// result; see that class for costs, errors and lifetimes. The head of the construct (loop variable,
-// range and options) takes no part. Results are subsets of the universe. `nodePrinter` may be
-// empty.
-//
-// A write is whole if it replaces the variable, as in `x = 1`. It is partial if it goes through a
-// subscript or a field, as in `x(k) = 1`.
+/// @addtogroup analysis
+/// ## Classifying variables
+///
+/// The classification of the variables of a parallel construct, by what is live at the entry of its
+/// body. Each computation makes one `TransparentLiveVariablesAnalyzerView` over the body and reads
+/// one result; see that class for costs, errors and lifetimes. The head of the construct (loop
+/// variable, range and options) takes no part. Results are subsets of the universe. `nodePrinter`
+/// may be empty.
+///
+/// A write is whole if it replaces the variable, as in `x = 1`. It is partial if it goes through a
+/// subscript or a field, as in `x(k) = 1`.
 
 /// The variables that every path through the body reads with certainty before any write of them,
 /// partial writes included. Leaves out a variable that is read only after a loop.

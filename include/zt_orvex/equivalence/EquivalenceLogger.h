@@ -29,19 +29,29 @@ public:
     /// Announces a new pair of trees. The report of earlier matches stays.
     virtual void startNewMatch() = 0;
 
+    /// Opens a level for two nodes, by name.
     virtual void beginMatching(const std::string& first, const std::string& second) = 0;
 
+    /// @{
+    /// Opens a level for two strings.
+    ///
     /// Pass two views of the same type. A bare u"..." converts to either type, so a call with two
     /// of them is ambiguous: write `std::u16string_view(u"a")`.
     virtual void beginMatchingStrings(std::u16string_view first, std::u16string_view second) = 0;
     virtual void beginMatchingStrings(boost::basic_string_ref<char16_t> first,
                                       boost::basic_string_ref<char16_t> second) = 0;
+    /// @}
 
+    /// Opens a level for two lists of nodes. `logRangeIndex` follows before each pair.
     virtual void beginMatchingRange() = 0;
+    /// Opens a level for the nodes that introduce two identifiers.
     virtual void beginMatchingIntroductionNodes() = 0;
+    /// Opens a level for the question whether two identifiers are introduced by the same object.
     virtual void beginMatchingMemoryAddressesOfIntroductionNodes() = 0;
 
+    /// Reports a reason in the matcher's own words. `message` must not be null.
     virtual void log(const char* message) = 0;
+    /// Reports which pair of two lists comes next, from 0.
     virtual void logRangeIndex(unsigned index) = 0;
 
     /// Reports two nodes, by name, kind and position.
@@ -54,12 +64,13 @@ public:
     virtual void logMismatchedOptionals(bool isFirstPresent, const std::string& node, NodeKind kind,
                                         unsigned position) = 0;
 
+    /// Reports that two identifiers are introduced by different nodes: the names of all four.
     virtual void logMismatchedIntroductionNodes(const std::string& firstIdentifier,
                                                 const std::string& firstIntroductionNode,
                                                 const std::string& secondIdentifier,
                                                 const std::string& secondIntroductionNode) = 0;
 
-    /// Ends the innermost level.
+    /// Ends the innermost level, with the verdict on it.
     virtual void doneMatching(bool matched) = 0;
 
     /// The text of the innermost open level, or the whole report if no level is open.

@@ -10,6 +10,8 @@ public:
     EquivalenceNullLogger();
     ~EquivalenceNullLogger() override;
 
+    /// @{
+    /// Does nothing.
     void startNewMatch() override;
     void beginMatching(const std::string& first, const std::string& second) override;
     void beginMatchingStrings(std::u16string_view first, std::u16string_view second) override;
@@ -30,8 +32,9 @@ public:
                                         const std::string& secondIdentifier,
                                         const std::string& secondIntroductionNode) override;
     void doneMatching(bool matched) override;
+    /// @}
 
-    /// "No AST matcher log available.  See the documentation in AstEquivalence for more
+    /// Always "No AST matcher log available.  See the documentation in AstEquivalence for more
     /// information.", with two blanks after the first sentence.
     std::string getLog() const override;
 };

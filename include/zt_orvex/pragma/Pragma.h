@@ -31,13 +31,18 @@ public:
     Pragma(PragmaKind pragmaKind, ConvertibleBasicStringView<char16_t> text,
            unsigned positionOfText, unsigned offsetOfArguments);
 
+    /// @{
+    /// Copies the text.
+    ///
     /// Deliberate: moving copies, too, so the source and the views of it stay intact.
     Pragma(const Pragma& other);
     Pragma(Pragma&& other);
+    /// @}
     Pragma& operator=(const Pragma&) = delete;
     Pragma& operator=(Pragma&&) = delete;
     ~Pragma();
 
+    /// What it directs: `PragmaKind::UNRECOGNIZED` if the word isn't a directive.
     PragmaKind getKind() const noexcept;
 
     /// The position that was passed to the constructor.
@@ -90,7 +95,7 @@ private:
 ZT_ORVEX_EXPORT boost::optional<Pragma> parsePragma(ConvertibleBasicStringView<char16_t> text,
                                                     unsigned sourcePosition);
 
-/// Writes "Pragma<Pos = 7, Kind = %#function, Text = %#function a>", with the text in UTF-8 and
+/// Writes `Pragma<Pos = 7, Kind = %#function, Text = %#function a>`, with the text in UTF-8 and
 /// the position under the stream's settings. The kind's word is that of `pragmaKindToString`.
 ///
 /// Throws std::out_of_range("invalid map<K, T> key") for a kind without a word, before writing.

@@ -11,14 +11,14 @@ namespace zt::orvex {
 ///
 /// Deliberate: 2 and 3 are skipped. Nothing produces them, and they have no word.
 enum class PragmaKind : std::uint8_t {
-    codegen = 0,
-    zel = 1,
-    function = 4,
-    internal = 5,
-    vun = 6,
-    obfuscate = 7,
-    ok = 8,
-    TestStandard = 9,
+    codegen = 0,      ///< `%#codegen`
+    zel = 1,          ///< `%#zel`
+    function = 4,     ///< `%#function`
+    internal = 5,     ///< `%#internal`
+    vun = 6,          ///< `%#vun`
+    obfuscate = 7,    ///< `%#obfuscate`
+    ok = 8,           ///< `%#ok`
+    TestStandard = 9, ///< `%#TestStandard`, and every word that begins so.
     UNRECOGNIZED = 10 ///< Any other word.
 };
 
