@@ -19,7 +19,8 @@ enum class AccessKind : std::uint8_t {
     ImplicitTarget,  ///< The `ans` of a statement that doesn't mention it.
 };
 
-/// "certain read", "conditional read", "whole write", "partial write" or "implicit target".
+/// "certain read", "conditional read", "whole write", "partial write" or "implicit target";
+/// "unknown access" for a value that isn't an enumerator. The text lives as long as the program.
 ZT_ORVEX_KIT_EXPORT std::string_view toText(AccessKind kind);
 
 /// Whether the access is a write of any kind.
@@ -29,7 +30,7 @@ constexpr bool isWrite(AccessKind kind) {
 
 /// One access to one variable of the universe.
 struct Access {
-    AccessKind kind;
+    AccessKind kind;           ///< What happens.
     IdentifierView identifier; ///< Where it happens.
     SymbolView symbol;         ///< The identifier's.
     std::uint64_t index;       ///< The symbol's index in the universe.
@@ -37,7 +38,7 @@ struct Access {
 
 /// What an access means to liveness, in the direction of the analysis: from the end to the entry.
 enum class LivenessEffect : std::uint8_t {
-    None,
+    None,         ///< Nothing changes.
     MakesLive,    ///< The variable is live before the statement.
     EndsLiveness, ///< What comes after the statement doesn't make it live before.
 };

@@ -11,15 +11,19 @@
 
 namespace zt::orvex::kit {
 
-// Reasons for what the library answers, each of which `checkExplanation` accepts.
-//
-// Paths are the shortest there are; among several, the one whose nodes come first in the source. So
-// the same program has the same reasons on every machine. Each takes time linear in the graph, but
-// for `NotReadOnAPath` where control can only go round in loops: then in the graph times the depth
-// of the loops.
-//
-// All throw std::invalid_argument("element not found") for a symbol outside the universe, or
-// outside that part of it that the graph knows.
+/// @addtogroup kit_reasons
+/// ## Finding reasons
+///
+/// The `explain` functions give reasons for what the library answers. The `check` function for each
+/// accepts them.
+///
+/// Paths are the shortest there are; among several, the one whose nodes come first in the source.
+/// So the same program has the same reasons on every machine. Each takes time linear in the graph,
+/// but for `NotReadOnAPath` where control can only go round in loops: then in the graph times the
+/// depth of the loops.
+///
+/// All throw std::invalid_argument("element not found") for a symbol outside the universe, or
+/// outside that part of it that the graph knows.
 
 /// Why the variable is live at the entry, or why it isn't, under the type and mode of the graph.
 ///
@@ -36,13 +40,13 @@ ZT_ORVEX_KIT_EXPORT boost::optional<CarriedValue> explainCarried(const FlowGraph
 /// Which accesses to a variable a reason may name: those that the functions accept. An empty
 /// function accepts all.
 struct AccessChoice {
-    std::function<bool(const Access&)> isRead;
-    std::function<bool(const Access&)> isWrite;
+    std::function<bool(const Access&)> isRead;  ///< Whether a reason may end at this read.
+    std::function<bool(const Access&)> isWrite; ///< Whether a reason may begin at this write.
 };
 
 /// As above, but the value must reach one of the chosen reads, and come from one of the chosen
-/// writes. A consumer that knows more of some accesses leaves them out: in `u(i) = u(i) + u(i - 1)`,
-/// an iteration reads at `u(i)` only what it has written itself.
+/// writes. A consumer that knows more of some accesses leaves them out: in
+/// `u(i) = u(i) + u(i - 1)`, an iteration reads at `u(i)` only what it has written itself.
 ///
 /// The writes that aren't chosen still end the way of a value. So does none of the reads. The
 /// functions are called for accesses to the variable alone, maybe more than once for each.

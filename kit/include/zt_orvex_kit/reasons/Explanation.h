@@ -21,8 +21,8 @@ enum class PathEnd : std::uint8_t {
 
 /// A path of control flow: each node is a successor of the one before.
 struct FlowPath {
-    std::vector<FlowNode> nodes;
-    PathEnd end = PathEnd::Exit;
+    std::vector<FlowNode> nodes;    ///< From the first to the last, both included.
+    PathEnd end = PathEnd::Exit;    ///< What the last node is.
     boost::optional<Access> access; ///< The read or write at which it ends.
 };
 
@@ -30,8 +30,8 @@ struct FlowPath {
 enum class ReasonKind : std::uint8_t {
     /// May, live: a shortest path from the entry to a read, with no whole write before it.
     ReadOnAPath,
-    /// May, not live: no path comes to a read by none of the `writes`. Without any, no path comes to
-    /// a read at all.
+    /// May, not live: every path to a read comes to one of the `writes` first. Without any, no path
+    /// comes to a read at all.
     WrittenFirst,
     /// Must, live: all paths meet a certain read before any write.
     ReadOnEveryPath,
@@ -42,7 +42,7 @@ enum class ReasonKind : std::uint8_t {
 
 /// A flow node, and when the solution reached it.
 struct RankedNode {
-    FlowNode node;
+    FlowNode node; ///< The node that has the rank.
     /// 0 for a node that reads the variable for certain; else one more than the highest rank among
     /// its successors. The path from any node is thus finite, and ends at a read.
     std::uint32_t rank;
@@ -50,9 +50,9 @@ struct RankedNode {
 
 /// Why a variable is live at the entry of a body, or why it isn't.
 struct Explanation {
-    SymbolView symbol;
-    bool isLive;
-    ReasonKind kind;
+    SymbolView symbol;             ///< The variable.
+    bool isLive;                   ///< The verdict.
+    ReasonKind kind;               ///< Which of the fields below holds the reason.
     FlowPath path;                 ///< `ReadOnAPath` and `NotReadOnAPath`.
     std::vector<FlowNode> writes;  ///< `WrittenFirst`: in ascending order.
     std::vector<RankedNode> ranks; ///< `ReadOnEveryPath`: ascending by node, the entry among them.
@@ -60,7 +60,7 @@ struct Explanation {
 
 /// Why an iteration may read what an earlier one has written.
 struct CarriedValue {
-    SymbolView symbol;
+    SymbolView symbol; ///< The variable.
     /// From the node that writes to the exit, with no whole write after the first; `access` is the
     /// write. Some path leads from the entry to the first node.
     FlowPath write;
@@ -70,11 +70,11 @@ struct CarriedValue {
 
 /// Why a value that a construct writes is read after it, or is still there at the end.
 struct ValueUsedAfter {
-    SymbolView symbol;
-    Access write;
+    SymbolView symbol; ///< The variable.
+    Access write;      ///< The write in the construct: an access of the first node of `path`.
     /// In the graph of the body around the construct: from the node inside that writes, out of the
-    /// construct, and on to the read or the exit, with no whole write between. Some path leads from the entry to
-    /// the first node.
+    /// construct, and on to the read or the exit, with no whole write between. Some path leads from
+    /// the entry to the first node.
     FlowPath path;
 };
 

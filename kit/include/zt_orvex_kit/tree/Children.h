@@ -19,14 +19,17 @@ struct ChildRole {
     std::uint64_t index = 0;     ///< In its range, from 0.
     bool isRangeElement = false; ///< Whether `index` means something.
 
+    /// @{
+    /// Compares all three; the accessors by their text.
     friend bool operator==(const ChildRole& a, const ChildRole& b) {
         return a.accessor == b.accessor && a.index == b.index &&
                a.isRangeElement == b.isRangeElement;
     }
     friend bool operator!=(const ChildRole& a, const ChildRole& b) { return !(a == b); }
+    /// @}
 };
 
-/// "getIfCondition", or "getIfBody[2]" for an element of a range.
+/// Writes "getIfCondition", or "getIfBody[2]" for an element of a range.
 ZT_ORVEX_KIT_EXPORT std::ostream& operator<<(std::ostream& stream, const ChildRole& role);
 
 /// Calls `callback` with each child of `node` and its role, in the order in which `forEachNodeIn`

@@ -24,13 +24,14 @@ enum class DumpFormat {
     /// A graph for `dot`, whose edges carry the roles.
     Dot,
     /// Nested objects with `kind`, `class`, `node`, `role`, `index`, `name`, `symbol`, `variable`,
-    /// `operator`, `literal` and `children`, each where it means something. Handles are strings such
-    /// as "0x3", since a number of JSON can't hold all of them.
+    /// `operator`, `literal` and `children`, each where it means something. Handles are strings
+    /// such as "0x3", since a number of JSON can't hold all of them.
     Json,
 };
 
+/// What a dump shows, and how.
 struct DumpOptions {
-    DumpFormat format = DumpFormat::Text;
+    DumpFormat format = DumpFormat::Text; ///< How it looks.
     /// The text of a literal in UTF-8, which `IAstView` doesn't tell. Asked of NumberLiteral,
     /// CharacterLiteral and StringLiteral; without it the kind has to do.
     std::function<std::string(const NodeView&)> literalText = {};

@@ -18,15 +18,17 @@ enum class FindingCode : std::uint8_t {
 #include <zt_orvex_kit/tree/FindingCodes.def>
 };
 
-/// The stable text of a code, such as "kind-unknown". It lives as long as the program.
+/// The stable text of a code, such as "kind-unknown". It lives as long as the program. `code` must
+/// be an enumerator; that isn't checked.
 ZT_ORVEX_KIT_EXPORT std::string_view codeText(FindingCode code);
 
-/// What a code means, as a sentence.
+/// What a code means, as a sentence. It lives as long as the program. `code` must be an enumerator;
+/// that isn't checked.
 ZT_ORVEX_KIT_EXPORT std::string_view codeMeaning(FindingCode code);
 
 /// One mistake in a tree.
 struct Finding {
-    FindingCode code;
+    FindingCode code; ///< What sort of mistake it is.
     /// Where: "ParforStatement.getParforBody[2] > IfStatement.getIfCondition", as `toText` of a
     /// place has it. The last step is the question that got the wrong answer.
     std::string place;
@@ -38,7 +40,9 @@ struct Finding {
     std::optional<SymbolView> symbol;
 };
 
-/// "kind-unknown at Row.getRowExpressions[0] (node 0x11): getNodeKind answered 0. Return ..."
+/// Writes the code, the place, the handle and the advice, as they are, on one line:
+///
+///     kind-unknown at Row.getRowExpressions[0] (node 0x11): getNodeKind answered 0. Return ...
 ZT_ORVEX_KIT_EXPORT std::ostream& operator<<(std::ostream& stream, const Finding& finding);
 
 } // namespace zt::orvex::kit

@@ -14,8 +14,8 @@ namespace zt::orvex::kit {
 
 /// One step down a tree: from a node of a kind to a child of it.
 struct PlaceStep {
-    NodeKind kind;
-    ChildRole role;
+    NodeKind kind;  ///< The kind of the parent.
+    ChildRole role; ///< What the child is to it.
 };
 
 /// Where a node is in a tree: the steps from the root to it. The root's place has none.

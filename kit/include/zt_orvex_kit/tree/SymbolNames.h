@@ -19,14 +19,17 @@ namespace zt::orvex::kit {
 /// Walks the tree once, when it is made. Keeps nothing of it.
 class SymbolNames {
 public:
+    /// Walks `root` and all nodes below it. Exceptions of the tree pass through.
     ZT_ORVEX_KIT_EXPORT explicit SymbolNames(const NodeView& root);
 
     /// The name of the first identifier with the symbol, in UTF-8; "symbol 0x11" if there is none.
     ZT_ORVEX_KIT_EXPORT std::string of(const SymbolView& symbol) const;
 
-    /// The names, in the order of the alphabet and separated by blanks.
+    /// @{
+    /// The names, in the order of their UTF-8 bytes and separated by blanks.
     ZT_ORVEX_KIT_EXPORT std::string list(const std::unordered_set<SymbolView>& symbols) const;
     ZT_ORVEX_KIT_EXPORT std::string list(const flow::OrderedSet<SymbolView>& symbols) const;
+    /// @}
 
 private:
     std::unordered_map<SymbolView, std::string> names;

@@ -29,6 +29,7 @@ public:
     /// Only a traversal makes one.
     explicit Visit(const internal::TraversalStack& of) : stack(&of) {}
 
+    /// The node.
     ZT_ORVEX_KIT_EXPORT const NodeView& node() const;
     /// The kind that the node answered when the traversal came to it.
     ZT_ORVEX_KIT_EXPORT NodeKind kind() const;
