@@ -31,6 +31,12 @@ chromium-driver     drives it
 python3-selenium    tells the driver what to do
 '
 
+# What the reference needs.
+DOCS_PACKAGES='
+doxygen             makes pages of the headers and the guides
+python3             prepares what it reads, and checks the links
+'
+
 # What the check of the SARIF report needs where there is no npm. It isn't in the list above, since a
 # Node from elsewhere may have an npm of its own, which excludes Debian's.
 NODE_PACKAGES='
