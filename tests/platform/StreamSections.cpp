@@ -137,6 +137,7 @@ void probeDerivedLocale() {
 
 } // namespace
 
+// Without bool: standard libraries don't agree on its sign and its width.
 void probeStreams() {
     for (const Settings& settings : SETTINGS) {
         for (const double value : {0.0, -0.0, 2.5, 1.0 / 3, -1e100, 123456789.0,
@@ -148,7 +149,6 @@ void probeStreams() {
             probeInsertion(settings, "int " + std::to_string(value), value);
         probeInsertion(settings, "unsigned long long",
                        std::numeric_limits<unsigned long long>::max());
-        probeInsertion(settings, "bool", true);
         probeInsertion(settings, "text", u"t\u00E9xt");
         probeInsertion(settings, "narrow character", 'c');
         probeOwnInsertion(settings, "kind", NodeKind::IfStatement);
