@@ -45,61 +45,61 @@ protected:
         const auto continues = [this] { return jumpIf(continueStatement()); };
         const auto returns = [this] { return jumpIf(returnStatement()); };
         return {
-            {"while", [=] { return whileC({write()}); }},
-            {"for", [=] { return forK({write()}); }},
-            {"for with an empty body", [=] { return forK({}); }},
+            {"while", [this] { return whileC({write()}); }},
+            {"for", [this] { return forK({write()}); }},
+            {"for with an empty body", [this] { return forK({}); }},
             {"for, break",
-             [=] {
+             [this, breaks] {
                  return forK({breaks(), partialWrite()});
              }},
             {"while, two breaks",
-             [=] {
+             [this, breaks] {
                  return whileC({breaks(), write(), breaks(), write()});
              }},
             {"while, continue",
-             [=] {
+             [this, continues] {
                  return whileC({continues(), partialWrite()});
              }},
             {"for, break and continue",
-             [=] {
+             [this, breaks, continues] {
                  return forK({breaks(), continues(), write()});
              }},
             {"while, return",
-             [=] {
+             [this, returns] {
                  return whileC({returns(), partialWrite()});
              }},
             {"while, return and break",
-             [=] {
+             [this, breaks, returns] {
                  return whileC({returns(), write(), breaks()});
              }},
             {"for, try",
-             [=] {
+             [this, breaks] {
                  return forK({tryStatement({write(), breaks()})});
              }},
             {"while, try and catch that jumps",
-             [=] {
+             [this, breaks, continues, returns] {
                  const NodeView clause = catchClause(id("e"), {breaks(), continues()});
                  return whileC({tryStatement({write(), returns()}, clause), partialWrite()});
              }},
             {"try around while",
-             [=] {
+             [this, breaks] {
                  return tryStatement({whileC({write(), breaks()})});
              }},
             {"try and catch around for",
-             [=] {
+             [this, breaks] {
                  const NodeView clause = catchClause({}, {write()});
                  return tryStatement({forK({breaks(), partialWrite()})}, clause);
              }},
             {"parfor around for",
-             [=] {
+             [this, breaks] {
                  return parforLoop(id("k"), id("d"), {forK({breaks()}), breaks()});
              }},
             {"while, print",
-             [=] {
+             [this, breaks] {
                  return whileC({print(write()), breaks()});
              }},
             {"while, switch",
-             [=] {
+             [this] {
                  const Nodes cases = {caseClause(id("d"), {breakStatement()}),
                                       caseClause(id("e"), {continueStatement(), write()})};
                  return whileC({switchStatement(id("c"), cases), partialWrite()});
@@ -110,8 +110,8 @@ protected:
     std::vector<std::function<Nodes(const Nodes&)>> surroundings() {
         return {
             [](const Nodes& row) { return row; },
-            [=](const Nodes& row) -> Nodes { return {whileLoop(id("a"), row)}; },
-            [=](const Nodes& row) -> Nodes {
+            [this](const Nodes& row) -> Nodes { return {whileLoop(id("a"), row)}; },
+            [this](const Nodes& row) -> Nodes {
                 return {tryStatement(row, NodeView(catchClause({}, {write()})))};
             },
         };

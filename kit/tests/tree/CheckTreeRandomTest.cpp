@@ -216,7 +216,7 @@ private:
     }
 
     bool changingKind(Mistake& mistake) {
-        lying.onKind = [=, target = anyChild().node.node](const Call& asked, NodeKind& answer) {
+        lying.onKind = [this, target = anyChild().node.node](const Call& asked, NodeKind& answer) {
             if (asked.operation == Operation::getNodeKind && asked.arguments[0] == target &&
                 isSecondAsking(asked)) {
                 answer = answer == NodeKind::Colon ? NodeKind::End : NodeKind::Colon;
@@ -227,7 +227,7 @@ private:
 
     bool changingChild(Mistake& mistake) {
         const NodeView other = lying.view(ast.add(NodeKind::Colon, {}));
-        lieAbout(anyChild().node, [=](const Call& asked, NodeView& node) {
+        lieAbout(anyChild().node, [this, other](const Call& asked, NodeView& node) {
             if (isSecondAsking(asked)) node = other;
         });
         return expect(mistake, FindingCode::AnswerChanged, anyChild());
@@ -256,7 +256,7 @@ private:
     bool changingSize(Mistake& mistake) {
         Slot* slot = pickFirstElement();
         if (slot == nullptr) return false;
-        lieAboutSize(*slot, [=](const Call& asked, std::uint64_t& size) {
+        lieAboutSize(*slot, [this](const Call& asked, std::uint64_t& size) {
             if (isSecondAsking(asked)) --size;
         });
         return expect(mistake, FindingCode::AnswerChanged, *slot);
@@ -266,7 +266,7 @@ private:
         Slot* slot = pickFirstElement();
         if (slot == nullptr) return false;
         lieAboutSize(*slot,
-                     [=](const Call&, std::uint64_t& size) { size = random.next() | 1 << 30; });
+                     [this](const Call&, std::uint64_t& size) { size = random.next() | 1 << 30; });
         Slot range = *slot;
         range.place.back().role = {range.role.accessor};
         return expect(mistake, FindingCode::RangeTooLong, range);
@@ -303,7 +303,7 @@ private:
     bool changingName(Mistake& mistake) {
         Slot* slot = pickIdentifier();
         if (slot == nullptr) return false;
-        lying.onName = [=](const Call& asked, std::u16string_view& name) {
+        lying.onName = [this, slot](const Call& asked, std::u16string_view& name) {
             if (asked.arguments[0] == slot->node.node && isSecondAsking(asked)) name = u"other";
         };
         return expect(mistake, FindingCode::AnswerChanged, *slot, "getIdentifierName");
@@ -332,7 +332,7 @@ private:
     }
 
     bool equalPseudoNodes(Mistake& mistake) {
-        lying.onNode = [=](const Call& asked, NodeView& node) {
+        lying.onNode = [this](const Call& asked, NodeView& node) {
             if (asked.operation == Operation::getExitNode) node = lying.getEntryNode();
         };
         mistake = {FindingCode::PseudoNodesEqual, "root"};
