@@ -32,8 +32,8 @@ int objectionToWriting(const fs::path& path) {
 
 // Permissions are those of the folder here.
 int createNewFile(const fs::path& path, const fs::path&) {
-    const int descriptor = _wopen(path.c_str(), _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY,
-                                  _S_IREAD | _S_IWRITE);
+    const int descriptor =
+        _wopen(path.c_str(), _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY, _S_IREAD | _S_IWRITE);
     if (descriptor == -1) return errno;
     _close(descriptor);
     return 0;
@@ -60,9 +60,7 @@ bool hasNameOfDevice(const fs::path& path) {
     return name.rfind("/dev/", 0) == 0 || name.rfind("/proc/", 0) == 0;
 }
 
-int objectionToWriting(const fs::path& path) {
-    return access(path.c_str(), W_OK) == 0 ? 0 : errno;
-}
+int objectionToWriting(const fs::path& path) { return access(path.c_str(), W_OK) == 0 ? 0 : errno; }
 
 int createNewFile(const fs::path& path, const fs::path& former) {
     constexpr mode_t NEW_FILE = 0666;

@@ -1,10 +1,16 @@
 #include "report/sarif/FileUri.h"
 
-#include "frontend/FilePath.h"
+#include <algorithm>
 
 namespace ostrel::report {
 
 namespace {
+
+#if defined(_WIN32)
+constexpr bool HAS_DRIVES = true;
+#else
+constexpr bool HAS_DRIVES = false;
+#endif
 
 bool mayStandInUri(char byte) {
     constexpr std::string_view PUNCTUATION = "-._~/";
@@ -30,20 +36,19 @@ std::string_view withoutLeadingDots(std::string_view path) {
     return path;
 }
 
-/// Whether the root of a path is a drive, such as C:, which only Windows has.
-bool isDrive(const std::filesystem::path& root) {
-    const auto& name = root.native();
-    return name.size() == 2 && name[1] == ':';
+/// Whether a path begins with a drive, such as C:/, which only Windows has.
+bool hasDrive(std::string_view path) {
+    return HAS_DRIVES && path.size() > 2 && path[1] == ':' && path[2] == '/';
 }
 
 } // namespace
 
 std::string fileUri(std::string_view name) {
-    const std::filesystem::path file = pathOf(std::string(name));
-    const std::string text = textOf(file); // with slashes on Windows, too
+    std::string text(name);
+    if (HAS_DRIVES) std::replace(text.begin(), text.end(), '\\', '/');
     std::string_view path = withoutLeadingDots(text);
     std::string uri;
-    if (isDrive(file.root_name()) && file.has_root_directory()) {
+    if (hasDrive(path)) {
         uri = "file:///" + text.substr(0, 2);
         path.remove_prefix(2);
     } else if (path.substr(0, 1) == "/") {
