@@ -57,6 +57,11 @@ test_dependencies() {
     echo "== apt finds all that the packages depend on"
 }
 
+# leave_proc: debootstrap may leave this mounted, above all if it was interrupted.
+leave_proc() {
+    as_root umount "$debian/proc" 2>/dev/null || true
+}
+
 # make_debian: in $debian, once; it has what the packages and the consumers need, and not the packages.
 make_debian() {
     [ ! -e "$debian.complete" ] || return 0
@@ -65,10 +70,11 @@ make_debian() {
     read -r mirror suite < <(apt-get indextargets --format '$(REPO_URI) $(CODENAME)' \
         'Created-By: Packages')
     echo "== Making a small Debian ($suite)"
+    leave_proc
     as_root rm -rf "$debian"
     as_root debootstrap --variant=minbase --include=g++,cmake,make,pkg-config,ca-certificates \
         "$suite" "$debian" "$mirror" >"$work/log" || { tail "$work/log"; return 1; }
-    as_root umount "$debian/proc" 2>/dev/null || true # as debootstrap may leave it
+    leave_proc
     as_root rm -f "$debian/etc/apt/sources.list"
     as_root cp -r /etc/apt/. "$debian/etc/apt/"
     as_root cp /etc/resolv.conf "$debian/etc/"
