@@ -16,8 +16,10 @@ struct StackBounds {
 /// The bounds on this processor; none if nobody has measured yet. The frames of s390x are larger: each
 /// begins with 160 bytes for the registers that the called function saves.
 constexpr std::optional<StackBounds> stackBounds() {
-#if defined(__x86_64__) || defined(__aarch64__)
+#if defined(__x86_64__)
     return StackBounds{160, 320, 80};
+#elif defined(__aarch64__)
+    return StackBounds{160, 320, 60};
 #elif defined(__s390x__)
     return StackBounds{240, 450, 20};
 #else
