@@ -122,6 +122,13 @@ TEST_F(CheckTreeNode, CycleIsFound) {
     answerNode(Operation::getBinaryLhs, sum, lying.view(sum));
     EXPECT_EQ(findings(), "node-cycle at ParforStatement.getParforBody[0] > "
                           "AssignmentStatement.getAssignmentRhs > BinaryOperation.getBinaryLhs");
+}
+
+TEST_F(CheckTreeNode, CycleThatIsNotFoundOverflowsTheStack) {
+#if defined(_WIN32)
+    GTEST_SKIP() << "wine ends a program whose stack overflows as if it had succeeded";
+#endif
+    answerNode(Operation::getBinaryLhs, sum, lying.view(sum));
     EXPECT_DEATH(readFirst(), "");
 }
 
