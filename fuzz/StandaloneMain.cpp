@@ -56,7 +56,7 @@ void runOnRandomInputs(const Options& options) {
 bool runOnFile(const std::filesystem::path& path) {
     std::ifstream file(path, std::ios::binary);
     if (!file) {
-        std::fprintf(stderr, "cannot read %s\n", path.c_str());
+        std::fprintf(stderr, "cannot read %s\n", path.string().c_str());
         return false;
     }
     const Bytes input((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
@@ -72,7 +72,7 @@ bool runOnFolder(const std::filesystem::path& path) {
         isRead = runOnFile(entry.path()) && isRead;
         ++files;
     }
-    std::printf("%zu files in %s\n", files, path.c_str());
+    std::printf("%zu files in %s\n", files, path.string().c_str());
     return isRead && files > 0;
 }
 
