@@ -3,6 +3,7 @@ set_target_properties(zt_orvex_kit PROPERTIES INSTALL_RPATH "\$ORIGIN")
 install(TARGETS zt_orvex_kit EXPORT zt_orvex_kitTargets
     LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"
         COMPONENT kit_runtime NAMELINK_COMPONENT kit_development
+    RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT kit_runtime
     ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT kit_development
     INCLUDES DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/kit/include/zt_orvex_kit"
