@@ -29,6 +29,7 @@ option(ZT_ORVEX_BUILD_TESTS "Build the tests" ${ZT_ORVEX_DEVELOPER_MODE})
 option(ZT_ORVEX_BUILD_BENCHMARKS "Build the benchmarks" OFF)
 option(ZT_ORVEX_BUILD_FUZZERS "Build the fuzzers" OFF)
 set(ZT_ORVEX_SANITIZE "" CACHE STRING "Sanitizers to build with, such as address,undefined")
+set(ZT_ORVEX_TEST_FLAGS "" CACHE STRING "Flags of the compiler for the tests alone, such as -O0")
 option(ZT_ORVEX_COVERAGE "Instrument for coverage" OFF)
 option(ZT_ORVEX_DEBIAN_PACKAGES "Make Debian's packages of the target package" OFF)
 
