@@ -29,6 +29,7 @@ chromium            the browser that the page of the example is tried in
 man-db              formats the manual pages
 chromium-driver     drives it
 python3-selenium    tells the driver what to do
+qemu-user-static    the tests on processors without AVX2
 '
 
 # What the reference needs.
