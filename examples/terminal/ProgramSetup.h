@@ -22,8 +22,10 @@ public:
 private:
     std::vector<std::string> texts;
     std::vector<char*> pointers; ///< Ends with a null pointer.
-    unsigned consoleEncoding = 0;
+#if defined(_WIN32)
+    unsigned consoleEncoding = 0; ///< What the console had before; 0 if there is none.
     unsigned long consoleMode = 0;
+#endif
 };
 
 } // namespace ostrel
