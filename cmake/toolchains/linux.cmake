@@ -12,10 +12,7 @@ set(CMAKE_LIBRARY_ARCHITECTURE ${triplet})
 # The C library is that of the cross compiler.
 set(CMAKE_CROSSCOMPILING_EMULATOR "qemu-${CMAKE_SYSTEM_PROCESSOR}-static;-L;/usr/${triplet}")
 
-set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
-set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
-set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
-set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+include("${CMAKE_CURRENT_LIST_DIR}/foreign-roots.cmake")
 if(CMAKE_FIND_ROOT_PATH)
     # pkg-config knows nothing of CMake's roots.
     list(GET CMAKE_FIND_ROOT_PATH 0 root)
