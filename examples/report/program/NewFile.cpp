@@ -18,7 +18,7 @@ namespace fs = std::filesystem;
 
 #if defined(_WIN32)
 
-// The full path of a device is one, whatever folder its name stands with.
+// Windows makes the full path \\.\NUL of the name NUL, whatever folder precedes it.
 bool hasNameOfDevice(const fs::path& path) {
     wchar_t full[MAX_PATH];
     const DWORD size = GetFullPathNameW(path.c_str(), MAX_PATH, full, nullptr);

@@ -64,7 +64,7 @@ public:
 
     /// The number of elements.
     std::size_t size() const { return count; }
-    /// Whether there is no element.
+    /// Whether the set is empty.
     bool empty() const { return count == 0; }
     /// At the element that was inserted first. Lasts until the set changes.
     const T* begin() const { return count <= IN_PLACE ? few.data() : many.data(); }

@@ -69,7 +69,7 @@ public:
     constexpr const CharT* data() const noexcept { return start; }
     /// The number of characters: bytes, or 16-bit units.
     constexpr std::size_t size() const noexcept { return length; }
-    /// Whether there is no character.
+    /// Whether the text is empty.
     constexpr bool empty() const noexcept { return length == 0; }
     /// At the first character.
     constexpr const_iterator begin() const noexcept { return start; }

@@ -19,7 +19,7 @@ public:
     const T* end() const { return last; }
     /// The number of elements.
     std::size_t size() const { return static_cast<std::size_t>(last - first); }
-    /// Whether there is no element.
+    /// Whether the span is empty.
     bool empty() const { return first == last; }
     /// The element at `index`, which must be below `size()`; that isn't checked.
     const T& operator[](std::size_t index) const { return first[index]; }
