@@ -20,6 +20,18 @@ using zt::orvex::testing::isLoaded;
 using zt::orvex::testing::load;
 using zt::orvex::testing::unload;
 
+// The mangled names have the standard library's own namespace in them.
+#if defined(_LIBCPP_VERSION)
+constexpr const char* GET_RESTRICTED_EXTERNALS = "_ZN2zt5orvex22getRestrictedExternalsEv";
+constexpr const char* VALIDATE_DOUBLE_LITERAL =
+    "_ZN2zt5orvex8internal21validateDoubleLiteralENSt3__117basic_string_viewIcNS2_11char_"
+    "traitsIcEEEE";
+#else
+constexpr const char* GET_RESTRICTED_EXTERNALS = "_ZN2zt5orvex22getRestrictedExternalsB5cxx11Ev";
+constexpr const char* VALIDATE_DOUBLE_LITERAL =
+    "_ZN2zt5orvex8internal21validateDoubleLiteralESt17basic_string_viewIcSt11char_traitsIcEE";
+#endif
+
 void expect(bool holds, const char* otherwise) {
     if (!holds) throw std::runtime_error(otherwise);
 }
@@ -28,16 +40,14 @@ void expect(bool holds, const char* otherwise) {
 void use(const std::string& library) {
     const auto getLocale = find<const std::locale&()>(library, "_ZN2zt5orvex15getChar16LocaleEv");
     expect(getLocale() == getLocale(), "the locale differs from itself");
-    const auto getNames = find<const std::unordered_set<std::u16string>&()>(
-        library, "_ZN2zt5orvex22getRestrictedExternalsB5cxx11Ev");
+    const auto getNames =
+        find<const std::unordered_set<std::u16string>&()>(library, GET_RESTRICTED_EXTERNALS);
     expect(getNames().size() == 18, "restricted externals are missing");
 }
 
 /// Has the calling thread make a pattern of literals, which it destroys when it ends.
 void makePatternOfThisThread(const std::string& library) {
-    const auto validate = find<int(std::string_view)>(
-        library, "_ZN2zt5orvex8internal21validateDoubleLiteralESt17basic_string_viewIcSt11char_"
-                 "traitsIcEE");
+    const auto validate = find<int(std::string_view)>(library, VALIDATE_DOUBLE_LITERAL);
     expect(validate("1.5") == 0, "1.5 isn't valid");
 }
 

@@ -10,6 +10,7 @@ export LC_ALL=C
 
 nm --dynamic --defined-only --with-symbol-versions "$1" | awk '
     $2 == "A" { next }  # a version itself
+    $3 ~ /^(__bss_start|_edata|_end)$/ { next }  # the ends of sections, where the linker exports them
     {
         at = index($3, "@")
         version = at ? substr($3, at) : "no version"
