@@ -10,6 +10,7 @@ googletest          the sources of GoogleTest, to be compiled with that library
 PLATFORM_OPTIONS=(
     -D CMAKE_BUILD_TYPE=Release
     -D CMAKE_CXX_FLAGS_RELEASE=-O1
+    -D ZT_ORVEX_TEST_FLAGS=-O0
     -D CMAKE_CXX_COMPILER=clang++-19
     -D CMAKE_CXX_FLAGS=-stdlib=libc++
     -D "CMAKE_PREFIX_PATH=$platform_dir/prefix"
