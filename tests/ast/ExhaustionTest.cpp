@@ -6,6 +6,7 @@
 #include <zt_orvex/ast/ForEachNodeIn.h>
 #include <zt_orvex/ast/NodeKind.h>
 #include <zt_orvex/ast/Operators.h>
+#include <zt_orvex/support/Char16Locale.h>
 
 #include <gtest/gtest.h>
 
