@@ -3,7 +3,8 @@
 wine_root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 export WINEPREFIX=$wine_root/build/wine
 export WINEDEBUG=-all
-export WINEDLLOVERRIDES='mscoree=;mshtml=' # or it offers to install packages of others
+# It would offer to install packages of others, and write menus of the desktop, which may hang.
+export WINEDLLOVERRIDES='mscoree=;mshtml=;winemenubuilder.exe='
 mkdir -p "$WINEPREFIX"
 
 # wine_tool NAME...: the first of the tools that there is. Debian has them outside the PATH.
